@@ -1,0 +1,40 @@
+# What our targets are compiled with. Warnings and sanitizers are ours and never reach a host; the language standard and
+# the ban on fused multiply-add do, since results have to have the same bits in a host's inlined copies.
+
+function(kolm_own_flags target)
+    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-Wall -Wextra -Wpedantic>)
+    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+    if(KOLM_SANITIZE)
+        target_compile_options(${target} PRIVATE
+            -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
+        target_link_options(${target} PRIVATE -fsanitize=address,undefined,float-cast-overflow)
+    endif()
+endfunction()
+
+function(kolm_library_settings target)
+    kolm_own_flags(${target})
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    # Fused multiply-add rounds once instead of twice, so results would differ by processor.
+    target_compile_options(${target} PUBLIC $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-ffp-contract=off>)
+    target_compile_definitions(${target} PRIVATE KOLM_BUILDING)
+    target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/platform)
+    set_target_properties(${target} PROPERTIES
+        CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+endfunction()
+
+# kolm_add_tests(<name> <sources>...): one GoogleTest program, its cases registered with CTest one by one.
+function(kolm_add_tests name)
+    add_executable(${name} ${ARGN})
+    kolm_own_flags(${name})
+    target_link_libraries(${name} PRIVATE Kolm::kolm GTest::gtest_main)
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+endfunction()
+
+# kolm_add_bench(<name> <sources>...): one Google Benchmark program, run by hand, never by CTest.
+function(kolm_add_bench name)
+    add_executable(${name} ${ARGN})
+    kolm_own_flags(${name})
+    target_link_libraries(${name} PRIVATE Kolm::kolm benchmark::benchmark_main)
+endfunction()
