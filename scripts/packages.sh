@@ -1,0 +1,23 @@
+# Sourced by ./view and ./test: installs the Debian packages that are missing, and nothing when all are there.
+
+# Compiler and libraries of the library and the example host. The font is what board texts are drawn with.
+build_packages="g++ cmake ninja-build pkg-config libfreetype-dev libfontconfig-dev libjpeg62-turbo-dev fonts-dejavu-core"
+# On top of those: the test framework, the benchmark framework, and fourteen real boards.
+test_packages="libgtest-dev libbenchmark-dev kicad-demos"
+
+need_packages() {
+    local missing=() package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    if ! command -v apt-get >/dev/null; then
+        echo "no apt-get here; needed are: ${missing[*]} (or their like)" >&2
+        return 0
+    fi
+    local root=()
+    [ "$(id -u)" -eq 0 ] || root=(sudo)
+    echo "installing: ${missing[*]}"
+    "${root[@]}" apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive "${root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
