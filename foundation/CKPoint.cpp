@@ -1,0 +1,28 @@
+#include "foundation/CKPoint.h"
+
+CKPoint* CKPoint::clone() const
+{
+    return new CKPoint(m_x, m_y);
+}
+
+CKPoint& CKPoint::operator=(const CKPoint& other)
+{
+    m_x = other.m_x;
+    m_y = other.m_y;
+    return *this;
+}
+
+int CKPoint::operator==(CKPoint& other)
+{
+    return m_x == other.m_x && m_y == other.m_y ? 1 : 0;
+}
+
+CKPoint* CKPoint::GetClone()
+{
+    return clone();
+}
+
+int CKPoint::IsEqual(CKPoint* other)
+{
+    return other && m_x == other->m_x && m_y == other->m_y ? 1 : 0;
+}
