@@ -1,0 +1,21 @@
+#include "foundation/CPointF.h"
+
+CPointF::~CPointF() = default;
+
+int CPointF::operator==(const CPointF& other) const
+{
+    return this == &other || (m_x == other.m_x && m_y == other.m_y);
+}
+
+int CPointF::operator!=(const CPointF& other) const
+{
+    return !(*this == other);
+}
+
+void CPointF::Serialize(CArchive& ar)
+{
+    if (ar.IsStoring())
+        ar << m_x << m_y;
+    else
+        ar >> m_x >> m_y;
+}
