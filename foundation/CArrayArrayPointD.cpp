@@ -1,0 +1,20 @@
+#include "foundation/CArrayArrayPointD.h"
+
+CArrayArrayPointD::CArrayArrayPointD() = default;
+
+CArrayArrayPointD::CArrayArrayPointD(const CArrayArrayPointD& other) : CArray<CArrayPointD, const CArrayPointD&>()
+{
+    Copy(other);
+}
+
+CArrayArrayPointD& CArrayArrayPointD::operator=(const CArrayArrayPointD& other)
+{
+    if (this != &other)
+        Copy(other);
+    return *this;
+}
+
+CArrayArrayPointD* CArrayArrayPointD::clone() const
+{
+    return new CArrayArrayPointD(*this);
+}

@@ -1,0 +1,20 @@
+#include "foundation/CArrayPointD.h"
+
+CArrayPointD::CArrayPointD() = default;
+
+CArrayPointD::CArrayPointD(const CArrayPointD& other) : CArray<CPointD, const CPointD&>()
+{
+    Copy(other);
+}
+
+CArrayPointD& CArrayPointD::operator=(const CArrayPointD& other)
+{
+    if (this != &other)
+        Copy(other);
+    return *this;
+}
+
+CArrayPointD* CArrayPointD::clone() const
+{
+    return new CArrayPointD(*this);
+}
