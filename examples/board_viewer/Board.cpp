@@ -1,0 +1,134 @@
+#include "Board.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace viewer {
+
+namespace {
+
+double Distance(KPointD a, KPointD b)
+{
+    return std::hypot(a.x - b.x, a.y - b.y);
+}
+
+double DistanceToSegment(KPointD a, KPointD b, KPointD p)
+{
+    const double dx = b.x - a.x;
+    const double dy = b.y - a.y;
+    const double lengthSquared = dx * dx + dy * dy;
+    if (lengthSquared <= 0)
+        return Distance(a, p);
+    const double along = std::clamp(((p.x - a.x) * dx + (p.y - a.y) * dy) / lengthSquared, 0.0, 1.0);
+    return Distance({a.x + along * dx, a.y + along * dy}, p);
+}
+
+/// Angle travelled counter-clockwise from one direction to another, in [0, 2 pi).
+double TurnBetween(double from, double to)
+{
+    const double turn = std::fmod(to - from, 2 * M_PI);
+    return turn < 0 ? turn + 2 * M_PI : turn;
+}
+
+double DistanceToArc(const Figure& arc, KPointD p)
+{
+    const KPointD& from = arc.counterClockwise ? arc.start : arc.end;
+    const KPointD& to = arc.counterClockwise ? arc.end : arc.start;
+    const auto direction = [&](KPointD q) { return std::atan2(q.y - arc.centre.y, q.x - arc.centre.x); };
+
+    const double sweep = TurnBetween(direction(from), direction(to));
+    if (TurnBetween(direction(from), direction(p)) <= sweep)
+        return std::fabs(Distance(p, arc.centre) - Distance(arc.start, arc.centre));
+    return std::min(Distance(p, from), Distance(p, to));
+}
+
+/// Crossings of a ray to the right, counted even-odd. An edge that runs there and back counts twice and so not at all,
+/// which is how the cut-outs of a filled polygon come out empty.
+bool IsInside(const std::vector<KPointD>& points, KPointD p)
+{
+    bool inside = false;
+    for (size_t i = 0, j = points.size() - 1; i < points.size(); j = i++) {
+        const KPointD& a = points[i];
+        const KPointD& b = points[j];
+        if ((a.y > p.y) != (b.y > p.y) && p.x < (b.x - a.x) * (p.y - a.y) / (b.y - a.y) + a.x)
+            inside = !inside;
+    }
+    return inside;
+}
+
+double DistanceToPoints(const Figure& figure, KPointD p)
+{
+    const std::vector<KPointD>& points = figure.points;
+    if (points.empty())
+        return HUGE_VAL;
+    const bool closed = figure.kind == Figure::Kind::Polygon;
+    if (closed && figure.filled && IsInside(points, p))
+        return 0;
+
+    double nearest = closed ? DistanceToSegment(points.back(), points.front(), p) : Distance(points.front(), p);
+    for (size_t i = 1; i < points.size(); ++i)
+        nearest = std::min(nearest, DistanceToSegment(points[i - 1], points[i], p));
+    return nearest;
+}
+
+double DistanceToCentreLine(const Figure& figure, KPointD p)
+{
+    switch (figure.kind) {
+    case Figure::Kind::Line:
+        return DistanceToSegment(figure.start, figure.end, p);
+    case Figure::Kind::Arc:
+        return DistanceToArc(figure, p);
+    case Figure::Kind::Circle: {
+        const double outside = Distance(p, figure.centre) - Distance(figure.start, figure.centre);
+        return figure.filled ? std::max(outside, 0.0) : std::fabs(outside);
+    }
+    case Figure::Kind::Polygon:
+    case Figure::Kind::Polyline:
+        break;
+    }
+    return DistanceToPoints(figure, p);
+}
+
+/// Whether copper of the net, other than the rings in question, comes within `reach` of the point.
+bool IsMet(const Board& board, int net, int layer, KPointD centre, double reach)
+{
+    const auto meets = [&](const Figure& figure) { return DistanceToFigure(figure, centre) <= reach; };
+    for (const Track& track : board.tracks) {
+        if (track.net == net && track.layer == layer && meets(track.figure))
+            return true;
+    }
+    for (const FilledPolygon& area : board.filledPolygons) {
+        if (area.net == net && area.layer == layer && meets(area.figure))
+            return true;
+    }
+    return false;
+}
+
+LayerSet UnusedRings(const Board& board, LayerSet candidates, int net, KPointD centre, double reach)
+{
+    LayerSet unused = 0;
+    for (int layer = 0; layer < board.layers.Count(); ++layer) {
+        const LayerSet bit = LayerSet(1) << layer;
+        if ((candidates & bit) != 0 && !IsMet(board, net, layer, centre, reach))
+            unused |= bit;
+    }
+    return unused;
+}
+
+} // namespace
+
+double DistanceToFigure(const Figure& figure, KPointD point)
+{
+    return std::max(DistanceToCentreLine(figure, point) - figure.width / 2, 0.0);
+}
+
+void DropUnusedRings(Board& board)
+{
+    for (Via& via : board.vias)
+        via.layers &= ~UnusedRings(board, via.unlessUnused, via.net, via.centre, via.diameter / 2);
+    for (Pad& pad : board.pads)
+        pad.layers &=
+            ~UnusedRings(board, pad.unlessUnused, pad.net, pad.centre, std::max(pad.hole.width, pad.hole.height) / 2);
+}
+
+} // namespace viewer

@@ -1,0 +1,81 @@
+#include "FootprintReader.h"
+
+#include "PadReader.h"
+
+namespace viewer {
+
+namespace {
+
+/// Texts that stand for others: what a user writes as ${REFERENCE} or, in older files, as %R.
+struct Variables
+{
+    std::string reference;
+    std::string value;
+};
+
+void ReplaceAll(std::string& text, std::string_view name, const std::string& value)
+{
+    for (size_t at = text.find(name); at != text.npos; at = text.find(name, at + value.size()))
+        text.replace(at, name.size(), value);
+}
+
+/// (fp_text kind "text" ...); empty without one of this kind.
+std::string TextOfKind(const SExpr& footprint, std::string_view kind)
+{
+    for (SExpr item = footprint.First(); item; item = item.Next()) {
+        if (item.Is("fp_text") && item.At(0).Raw() == kind)
+            return item.At(1).Text();
+    }
+    return {};
+}
+
+bool IsHidden(const SExpr& item)
+{
+    return item.Has("hide") || item.Find("effects").Has("hide");
+}
+
+/// Footprint texts are turned by half a turn where they would be read upside down.
+double KeptUpright(double angle)
+{
+    while (angle > 90)
+        angle -= 180;
+    while (angle <= -90)
+        angle += 180;
+    return angle;
+}
+
+void ReadFootprintTextInto(Board& board, const SExpr& item, const Placement& placement, const Variables& variables)
+{
+    if (IsHidden(item))
+        return;
+    Text text = ReadText(item, 1, placement, board.layers);
+    if (!item.Has("unlocked") && !item.Find("at").Has("unlocked"))
+        text.angle = KeptUpright(text.angle);
+    ReplaceAll(text.text, "${REFERENCE}", variables.reference);
+    ReplaceAll(text.text, "${VALUE}", variables.value);
+    ReplaceAll(text.text, "%R", variables.reference);
+    ReplaceAll(text.text, "%V", variables.value);
+    board.texts.push_back(std::move(text));
+}
+
+} // namespace
+
+void ReadFootprintInto(Board& board, const SExpr& footprint)
+{
+    const Placement placement(Placement().Place(footprint, "at"), footprint.Find("at").Number(2));
+    const Variables variables = {TextOfKind(footprint, "reference"), TextOfKind(footprint, "value")};
+    board.references.push_back(variables.reference);
+
+    for (SExpr item = footprint.First(); item; item = item.Next()) {
+        if (item.Is("pad"))
+            board.pads.push_back(ReadPad(item, placement, board.layers));
+        else if (item.Is("fp_text"))
+            ReadFootprintTextInto(board, item, placement, variables);
+        else if (item.Is("zone"))
+            ReadZoneInto(board, item);
+        else if (item.IsList())
+            ReadGraphicInto(board, item, placement);
+    }
+}
+
+} // namespace viewer
