@@ -1,0 +1,4 @@
+/// The array template of the platform.
+#pragma once
+
+#include "base/CArray.h"

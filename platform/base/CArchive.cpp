@@ -1,0 +1,217 @@
+#include "base/CArchive.h"
+
+#include "base/CFile.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+// Below this a buffer gains nothing and could not even hold the largest number with room to spare.
+constexpr int kLeastBuffer = 128;
+
+} // namespace
+
+CArchive::CArchive(CFile* file, UINT mode, int bufferSize, void* buffer)
+    : m_file(file), m_bufferSize(size_t(std::max(bufferSize, kLeastBuffer))), m_mode(mode)
+{
+    if (!file)
+        AfxThrowInvalidArgException();
+    m_ownsBuffer = !buffer || bufferSize < kLeastBuffer;
+    m_buffer = static_cast<BYTE*>(m_ownsBuffer ? std::malloc(m_bufferSize) : buffer);
+    if (!m_buffer)
+        AfxThrowMemoryException();
+    ResetPointers();
+}
+
+CArchive::~CArchive()
+{
+    if (!(m_mode & bNoFlushOnDelete)) {
+        try {
+            Close();
+        } catch (CException* e) {
+            e->Delete();
+        } catch (...) {
+        }
+    }
+    Abort();
+}
+
+/// An empty buffer: nothing read ahead, or all of it free to store into.
+void CArchive::ResetPointers()
+{
+    if (IsStoring()) {
+        m_storeNext = m_buffer;
+        m_storeEnd = m_buffer + m_bufferSize;
+    } else {
+        m_loadNext = m_loadEnd = m_buffer;
+    }
+}
+
+void CArchive::Throw(int cause) const
+{
+    AfxThrowArchiveException(cause, m_file ? m_file->GetFilePath().GetString() : nullptr);
+}
+
+void CArchive::RequireStoring() const
+{
+    if (IsLoading())
+        Throw(CArchiveException::readOnly);
+    if (!m_file)
+        Throw(CArchiveException::genericException);
+}
+
+void CArchive::RequireLoading() const
+{
+    if (IsStoring())
+        Throw(CArchiveException::writeOnly);
+    if (!m_file)
+        Throw(CArchiveException::genericException);
+}
+
+void CArchive::Flush()
+{
+    if (IsStoring()) {
+        RequireStoring();
+        WriteBuffer();
+        m_file->Flush();
+    } else {
+        RequireLoading();
+        if (m_loadNext != m_loadEnd)
+            m_file->Seek(m_loadNext - m_loadEnd, CFile::current);
+        ResetPointers();
+    }
+}
+
+void CArchive::Close()
+{
+    if (!m_file)
+        return;
+    Flush();
+    Abort();
+}
+
+void CArchive::Abort()
+{
+    if (m_ownsBuffer)
+        std::free(m_buffer);
+    m_ownsBuffer = false;
+    m_file = nullptr;
+    m_buffer = nullptr;
+    m_storeNext = m_storeEnd = nullptr;
+    m_loadNext = m_loadEnd = nullptr;
+}
+
+void CArchive::WriteBuffer()
+{
+    if (m_storeNext != m_buffer)
+        m_file->Write(m_buffer, UINT(m_storeNext - m_buffer));
+    ResetPointers();
+}
+
+void CArchive::MakeRoom()
+{
+    RequireStoring();
+    WriteBuffer();
+}
+
+/// Reads ahead until the buffer holds `needed` bytes, at most its size. What is left in it moves to the front.
+void CArchive::Fill(size_t needed)
+{
+    RequireLoading();
+    const size_t rest = size_t(m_loadEnd - m_loadNext);
+    if (rest > 0)
+        std::memmove(m_buffer, m_loadNext, rest);
+    m_loadNext = m_buffer;
+    m_loadEnd = m_buffer + rest;
+    while (size_t(m_loadEnd - m_loadNext) < needed) {
+        const size_t held = size_t(m_loadEnd - m_loadNext);
+        const UINT count = m_file->Read(m_buffer + held, UINT(m_bufferSize - held));
+        if (count == 0)
+            Throw(CArchiveException::endOfFile);
+        m_loadEnd += count;
+    }
+}
+
+UINT CArchive::Read(void* bytes, UINT count)
+{
+    RequireLoading();
+    BYTE* to = static_cast<BYTE*>(bytes);
+    UINT missing = count;
+    while (missing > 0) {
+        if (m_loadNext == m_loadEnd && missing < m_bufferSize) {
+            ResetPointers();
+            m_loadEnd += m_file->Read(m_buffer, UINT(m_bufferSize));
+        }
+        UINT got = UINT(std::min<size_t>(size_t(m_loadEnd - m_loadNext), missing));
+        if (got > 0) {
+            std::memcpy(to, m_loadNext, got);
+            m_loadNext += got;
+        } else if (missing >= m_bufferSize) {
+            got = m_file->Read(to, missing); // what would fill the buffer anyway goes past it
+        }
+        if (got == 0)
+            break;
+        to += got;
+        missing -= got;
+    }
+    return count - missing;
+}
+
+void CArchive::EnsureRead(void* bytes, UINT count)
+{
+    if (Read(bytes, count) < count)
+        Throw(CArchiveException::endOfFile);
+}
+
+void CArchive::Write(const void* bytes, UINT count)
+{
+    RequireStoring();
+    if (count > size_t(m_storeEnd - m_storeNext)) {
+        WriteBuffer();
+        if (count >= m_bufferSize) {
+            m_file->Write(bytes, count);
+            return;
+        }
+    }
+    if (count > 0) {
+        std::memcpy(m_storeNext, bytes, count);
+        m_storeNext += count;
+    }
+}
+
+void CArchive::WriteCount(DWORD_PTR count)
+{
+    if (count < 0xFFFF) {
+        *this << WORD(count);
+        return;
+    }
+    *this << WORD(0xFFFF);
+    if (count < 0xFFFFFFFF)
+        *this << DWORD(count);
+    else
+        *this << DWORD(0xFFFFFFFF) << ULONGLONG(count);
+}
+
+DWORD_PTR CArchive::ReadCount()
+{
+    WORD count16;
+    *this >> count16;
+    if (count16 != 0xFFFF)
+        return count16;
+    DWORD count32;
+    *this >> count32;
+    if (count32 != 0xFFFFFFFF)
+        return count32;
+    ULONGLONG count64;
+    *this >> count64;
+    return DWORD_PTR(count64);
+}
+
+CArchive& CArchive::operator>>(bool& value)
+{
+    BYTE byte;
+    *this >> byte;
+    value = byte != 0;
+    return *this;
+}

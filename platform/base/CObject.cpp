@@ -1,0 +1,5 @@
+#include "base/CObject.h"
+
+CObject::~CObject() = default;
+
+void CObject::Serialize(CArchive&) {}
