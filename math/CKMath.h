@@ -1,0 +1,137 @@
+#pragma once
+
+#include "KolmApi.h"
+
+#include "foundation/KRecords.h"
+
+#include <cmath>
+
+class CKGeomArc;
+
+/// Computational geometry as static functions; there is no data, and nothing needs an object. Points are coordinate
+/// pairs, x before y, in logical millimetres with y upward. A segment is closed, its ends included. Angles are degrees
+/// in single precision, polar angles counter-clockwise from +x; degrees become radians as degrees x 3.1415927f / 180.0f
+/// in single precision. A positive rotation turns counter-clockwise.
+///
+/// Direction code: -1 left or counter-clockwise, +1 right or clockwise, 0 neither. Sweep flag: non-zero
+/// counter-clockwise from start to end, 0 clockwise. Placement rotates first and mirrors second; a mirror negates x.
+///
+/// Results are promised to the last bit, because shapes compare exactly: the steps and their precision are part of the
+/// interface. Comparisons are exact as well, without tolerance. Nothing fails; a NaN or an overflow comes out as a NaN
+/// or an infinity where the result can hold one, and what becomes an int saturates, a NaN giving 0. All functions are
+/// re-entrant, except that GenerateArcFromThreePoints() takes an object number.
+class KOLM_API CKMath
+{
+public:
+    // ---- Numbers
+
+    /// The value without its sign: also for -0.0, and a NaN stays one.
+    static double Abs(double value);
+    /// Rounded by adding 0.5 and truncating toward zero: 2.5 gives 3, -2.5 and -2.7 give -2.
+    static int GetRoundedOff(double value);
+    /// Rounded to decimal digits, halves toward +infinity; negative digits round to tens, hundreds and so on. The
+    /// result is a multiple of the negative power of ten: 0.3 to one digit is 0.30000000000000004.
+    static double GetRoundedOff(double value, int digits);
+    static double GetCrossProduct(double x1, double y1, double x2, double y2); ///< x1 y2 - y1 x2
+    /// The sum (not the product) 1 + 2 + ... + n: 0 below 1, the largest int from 65536 on.
+    static int GetFactorial(int n);
+    /// Widens a range by a point. A range starts with minima above and maxima below every coordinate. A NaN is ignored.
+    static void SetMinMax(double x, double y, double& minX, double& minY, double& maxX, double& maxY);
+
+    // ---- Angles and directions
+
+    static float GetDegree(float radians);
+    static float GetRadian(float degrees);
+    /// The angle as one of [0, 360): below 0, full turns are added one at a time, each sum rounded to float; then the
+    /// remainder by 360. A tiny negative angle so becomes 0. Where adding a turn no longer changes the float (from
+    /// -2^33 on) the exact remainder is taken. NaN for a NaN and the infinities.
+    static float GetPositiveAngle(float angle);
+    /// The sweep from start to end in the given sense, made positive as by GetPositiveAngle(): equal angles give 0.
+    static float GetSweepAngle(float startAngle, float endAngle, int counterClockwise);
+    /// The direction of P1 -> P2, in (-180, 180]; 0 for equal points.
+    static float GetLineAngle(double x1, double y1, double x2, double y2);
+    /// The unsigned angle at P2 between the arms to P1 and P3, in [0, 180]; NaN when an arm has no length.
+    static float GetAngleFrom3Points(float x1, float y1, float x2, float y2, float x3, float y3);
+    static int GetReversedDirection(int direction); ///< swaps 1 and -1, keeps every other value
+    static int ReverseDirection(int direction);     ///< -1 for 1, and 1 for every other value
+
+    // ---- Distances and sides
+
+    static float GetDistance(float x1, float y1, float x2, float y2); ///< of two points, all in single precision
+    static double GetDistance(double x1, double y1, double x2, double y2);
+    /// Of the point P from the segment P1-P2, which may be a single point.
+    static double GetDistance(double x1, double y1, double x2, double y2, double px, double py);
+    /// Of the segments P1-P2 and P3-P4: exactly 0 when they cross. A segment of no length is measured as a point.
+    static double GetDistance(double x1, double y1, double x2, double y2, double x3, double y3, double x4, double y4);
+    /// A coordinate of the infinite line through P1 and P2: with `wantY` its y at x = value, else its x at y = value.
+    /// The largest float when there is no single one (y of a vertical line, x of a horizontal one).
+    static float GetLineXOrLineY(float x1, float y1, float x2, float y2, int wantY, float value);
+    /// The side of P3 against P1 -> P2: +1 right, -1 left. On the line: -1 behind P1, 0 on the segment, +1 beyond P2.
+    /// Always 0 when P1 = P2.
+    static int GetRelativeDirection(double x1, double y1, double x2, double y2, double x3, double y3);
+    /// 1 when the segments P1-P2 and P3-P4 share a point, touching included, else 0. Two segments of no length always
+    /// give 1: callers that can have them test for them first.
+    static int IsIntersectLineToLine(double x1, double y1, double x2, double y2, double x3, double y3, double x4,
+                                     double y4);
+
+    // ---- Rotation
+
+    /// The point turned about the origin, or about a centre, which then comes first in the argument list. No angle is a
+    /// special case: 0 keeps every bit, 90 carries the error of pi as a float. The int overloads round each coordinate
+    /// of the turned difference as GetRoundedOff() does.
+    static KPointD GetRotatedPoint(double x, double y, float angle);
+    static KPointF GetRotatedPoint(float x, float y, float angle);
+    static KPointD GetRotatedPoint(double cx, double cy, double x, double y, float angle);
+    static KPointF GetRotatedPoint(float cx, float cy, float x, float y, float angle);
+    static KPoint GetRotatedPoint(int x, int y, float angle);
+    static KPoint GetRotatedPoint(int cx, int cy, int x, int y, float angle);
+    /// The point at a distance and polar angle from the origin. Exact for the angles 0, 90, 180 and 270, but not for
+    /// 360 or -90, which are computed like every other.
+    static KPointD GetAngleToPoint(double distance, float angle);
+
+    // ---- Placement
+
+    /// Turns the point about the origin, except by an angle of exactly 0 (360 is turned, with its rounding), then
+    /// negates x when `mirror` is non-zero.
+    static void TranslatePoint(double& x, double& y, float angle, int mirror);
+    static void TranslatePoint(float& x, float& y, float angle, int mirror);
+    static void TranslatePoints(double& x1, double& y1, double& x2, double& y2, float angle, int mirror);
+    static void TranslatePoints(float& x1, float& y1, float& x2, float& y2, float angle, int mirror);
+    /// The same for the centre, start and end of an arc. A mirror inverts the sweep flag, so that the arc still covers
+    /// the mirrored points.
+    static void TranslateArc(double& cx, double& cy, double& sx, double& sy, double& ex, double& ey,
+                             int& counterClockwise, float angle, int mirror);
+    static void TranslateArc(float& cx, float& cy, float& sx, float& sy, float& ex, float& ey, int& counterClockwise,
+                             float angle, int mirror);
+    /// Where the local displacement (dx, dy) of an element placed at (x, y) lies on the board. Unlike TranslatePoint()
+    /// no whole multiple of 360 is turned.
+    static KPointD GetLibraryLocation(double x, double y, double dx, double dy, int mirror, float angle);
+    /// Rounds the point to the nearest grid node, half steps away from zero. A coordinate stays as it is when its grid
+    /// is 0 or its node's number does not fit an int.
+    static void SnapToGrid(float& x, float& y, float gridX, float gridY);
+
+    // ---- Points made from a line P1P2. A coordinate that is zero comes as +0.0 from the first.
+
+    /// The foot of the perpendicular from P on the infinite line. A line that rises by at most a ten-thousandth of its
+    /// run counts as horizontal at the height of P1, and so does one of no length.
+    static KPointD GetDistanceInfiniteLinePoint(double x1, double y1, double x2, double y2, double px, double py);
+    /// The point of the segment nearest to P: P itself, P1, P2 or the foot, in this order when the distances tie.
+    static KPointD GetDistanceLinePoint(double x1, double y1, double x2, double y2, double px, double py);
+    /// P2 moved by the distance along P1 -> P2, backward when it is negative, within the rounding of the angle as a
+    /// float. A line of no length points along +x.
+    static KPointD GetDistancedLinePoint(double x1, double y1, double x2, double y2, double distance);
+    /// P1 or else P2 when it lies at exactly the distance from P, else the foot of P on the infinite line.
+    static KPointD GetDistancedLinePoint(double x1, double y1, double x2, double y2, double px, double py,
+                                         double distance);
+    /// The mirror image of P across the infinite line, made by half a turn about the foot.
+    static KPointD GetSymmetricPoint(double x1, double y1, double x2, double y2, double px, double py);
+    /// The point at the distance from P2 that lies square to P1 -> P2, on its left side when `left` is non-zero.
+    static KPointD GetRightAngleDistancedPoint(int left, double x1, double y1, double x2, double y2, double distance);
+    /// The same at the distance that P has from the segment: on the left side when `followPoint` is non-zero and P lies
+    /// there, else on the right.
+    static KPointD GetRightAngleDistancedPointToPoint(int followPoint, double x1, double y1, double x2, double y2,
+                                                      double px, double py);
+    /// A new arc from P1 to P3 of thickness 0 that the caller deletes. Its centre is the image of P2 through the point
+    /// of the chord P1-P3 nearest to it, its direction the side of P3 against P1 -> P2 (0 when they lie on one line).
+    static CKGeomArc* GenerateArcFromThreePoints(double x1, double y1, double x2, double y2, double x3, double y3);
+};

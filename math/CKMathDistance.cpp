@@ -1,0 +1,104 @@
+#include "math/CKMath.h"
+
+#include <limits>
+
+float CKMath::GetDistance(float x1, float y1, float x2, float y2)
+{
+    const float dx = x1 - x2;
+    const float dy = y1 - y2;
+    return std::sqrt(dx * dx + dy * dy);
+}
+
+double CKMath::GetDistance(double x1, double y1, double x2, double y2)
+{
+    const double dx = x1 - x2;
+    const double dy = y1 - y2;
+    return std::sqrt(dx * dx + dy * dy);
+}
+
+double CKMath::GetDistance(double x1, double y1, double x2, double y2, double px, double py)
+{
+    const double dx = x2 - x1;
+    const double dy = y2 - y1;
+    // The position of P's projection along the segment. It is a NaN for a segment of no length, which is P1 anyway.
+    const double t = ((px - x1) * dx + (py - y1) * dy) / (dx * dx + dy * dy);
+    double nearestX = x1 + t * dx;
+    double nearestY = y1 + t * dy;
+    if (t < 0.0 || (x1 == x2 && y1 == y2)) {
+        nearestX = x1;
+        nearestY = y1;
+    } else if (t > 1.0) {
+        nearestX = x2;
+        nearestY = y2;
+    }
+    return GetDistance(px, py, nearestX, nearestY);
+}
+
+double CKMath::GetDistance(double x1, double y1, double x2, double y2, double x3, double y3, double x4, double y4)
+{
+    // The crossing test calls any two points crossing, so segments of no length go past it.
+    const bool isPointA = x1 == x2 && y1 == y2;
+    const bool isPointB = x3 == x4 && y3 == y4;
+    if (!isPointA && !isPointB && IsIntersectLineToLine(x1, y1, x2, y2, x3, y3, x4, y4))
+        return 0.0;
+
+    // Segments that do not cross are nearest to each other at an end of one of them.
+    double smallest = GetDistance(x1, y1, x2, y2, x3, y3);
+    const double others[] = {GetDistance(x1, y1, x2, y2, x4, y4), GetDistance(x3, y3, x4, y4, x1, y1),
+                             GetDistance(x3, y3, x4, y4, x2, y2)};
+    for (double distance : others) {
+        if (distance < smallest)
+            smallest = distance;
+    }
+    return smallest;
+}
+
+float CKMath::GetLineXOrLineY(float x1, float y1, float x2, float y2, int wantY, float value)
+{
+    constexpr float kNone = std::numeric_limits<float>::max();
+    const float dx = x1 - x2;
+    const float dy = y1 - y2;
+    if (dx == 0.0f)
+        return wantY ? kNone : x1;
+    if (dy == 0.0f)
+        return wantY ? y1 : kNone;
+    const float slope = dy / dx;
+    const float intercept = y1 - slope * x1;
+    return wantY ? slope * value + intercept : (value - intercept) / slope;
+}
+
+int CKMath::GetRelativeDirection(double x1, double y1, double x2, double y2, double x3, double y3)
+{
+    const double dx = x2 - x1;
+    const double dy = y2 - y1;
+    double ex = x3 - x1;
+    double ey = y3 - y1;
+    double side = dy * ex - dx * ey;
+    if (side == 0.0) {
+        // On the line: behind P1 the projection is negative, beyond P2 that of P3 - P2 is positive.
+        side = dx * ex + dy * ey;
+        if (side > 0.0) {
+            ex -= dx;
+            ey -= dy;
+            side = ex * dx + ey * dy;
+            if (side < 0.0)
+                side = 0.0;
+        }
+    }
+    if (side < 0.0)
+        return -1;
+    return side > 0.0 ? 1 : 0;
+}
+
+int CKMath::IsIntersectLineToLine(double x1, double y1, double x2, double y2, double x3, double y3, double x4,
+                                  double y4)
+{
+    // Each segment has to have the ends of the other on both of its sides or on itself.
+    const int side3 = GetRelativeDirection(x1, y1, x2, y2, x3, y3);
+    const int side4 = GetRelativeDirection(x1, y1, x2, y2, x4, y4);
+    if (side3 * side4 > 0)
+        return 0;
+    const int side1 = GetRelativeDirection(x3, y3, x4, y4, x1, y1);
+    const int side2 = GetRelativeDirection(x3, y3, x4, y4, x2, y2);
+    return side1 * side2 <= 0 ? 1 : 0;
+}

@@ -1,0 +1,42 @@
+#include "math/CKMath.h"
+
+#include "foundation/Saturate.h"
+
+double CKMath::Abs(double value)
+{
+    return std::fabs(value);
+}
+
+int CKMath::GetRoundedOff(double value)
+{
+    return SaturatedToInt(value + 0.5);
+}
+
+double CKMath::GetRoundedOff(double value, int digits)
+{
+    // Scaled back by a product, not by a division: the two differ in the last bit.
+    const double power = std::pow(10.0, static_cast<double>(digits));
+    return std::floor(power * value + 0.5) * std::pow(10.0, -static_cast<double>(digits));
+}
+
+double CKMath::GetCrossProduct(double x1, double y1, double x2, double y2)
+{
+    return x1 * y2 - y1 * x2;
+}
+
+int CKMath::GetFactorial(int n)
+{
+    return n < 1 ? 0 : SaturatedToInt(int64_t(n) * (int64_t(n) + 1) / 2);
+}
+
+void CKMath::SetMinMax(double x, double y, double& minX, double& minY, double& maxX, double& maxY)
+{
+    if (minX > x)
+        minX = x;
+    if (x > maxX)
+        maxX = x;
+    if (minY > y)
+        minY = y;
+    if (y > maxY)
+        maxY = y;
+}
