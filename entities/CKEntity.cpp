@@ -1,0 +1,37 @@
+#include "entities/CKEntity.h"
+
+namespace {
+
+constexpr COLORREF kPickedRed = 0x000000FF;
+constexpr COLORREF kWhite = 0x00FFFFFF;
+
+} // namespace
+
+CKEntity::CKEntity() : m_pickedColor(kPickedRed), m_color(kWhite) {}
+
+CKEntity::~CKEntity() = default;
+
+void CKEntity::Unpicked()
+{
+    m_picked = false;
+    m_pickedColor = kPickedRed;
+}
+
+CRectD CKEntity::GetDrawRectD()
+{
+    return m_area.GetDrawRectD();
+}
+
+int CKEntity::IsAlphaVersionDFM()
+{
+    return 1;
+}
+
+int CKEntity::IsVersion6Debug()
+{
+    return 1;
+}
+
+void CKEntity::SetAlphaVersionDFM(int /*on*/) {}
+
+void CKEntity::SetVersion6Debug(int /*on*/) {}

@@ -1,0 +1,66 @@
+#include "entities/CKGeom.h"
+
+CKGeom::CKGeom() = default;
+
+CKGeom::~CKGeom() = default;
+
+CKGeom& CKGeom::operator=(const CKGeom& other)
+{
+    // The entity part stays: an assigned shape keeps its number, colours, picked state and area.
+    m_offsetX = other.m_offsetX;
+    m_offsetY = other.m_offsetY;
+    m_minMax = other.m_minMax;
+    return *this;
+}
+
+int CKGeom::operator==(const CKGeom& other) const
+{
+    if (this == &other)
+        return 1;
+    return m_offsetX == other.m_offsetX && m_offsetY == other.m_offsetY && m_minMax == other.m_minMax;
+}
+
+int CKGeom::operator!=(const CKGeom& other) const
+{
+    return !(*this == other);
+}
+
+void CKGeom::Serialize(CArchive& ar)
+{
+    int version = 1;
+    if (ar.IsStoring()) {
+        ar << version << m_offsetX << m_offsetY;
+    } else {
+        ar >> version;
+        if (version < 1)
+            return;
+        ar >> m_offsetX >> m_offsetY;
+    }
+    m_minMax.Serialize(ar);
+}
+
+CKGeom* CKGeom::clone() const
+{
+    return new CKGeom(*this);
+}
+
+void CKGeom::Draw(CKPainter* /*painter*/, CDC* /*dc*/, unsigned long /*color*/) {}
+
+void CKGeom::DrawNoWorldTransform(CKPainter* /*painter*/, CDC* /*dc*/, unsigned long /*color*/) {}
+
+void CKGeom::SetMinMax() {}
+
+int CKGeom::GetType()
+{
+    return 0;
+}
+
+CKGeom* CKGeom::GenerateClone()
+{
+    return nullptr;
+}
+
+int CKGeom::HasDefaultGeometry() const
+{
+    return m_offsetX == 0 && m_offsetY == 0 && m_minMax == CKTwoPointD();
+}

@@ -1,0 +1,216 @@
+#include "entities/CKGeomContainer.h"
+
+#include "entities/CKGeomArc.h"
+#include "entities/CKGeomLine.h"
+#include "entities/CKGeomPoint.h"
+#include "entities/CKGeomPolygon.h"
+#include "entities/CKGeomText.h"
+#include "entities/CKGeomTreeCopy.h"
+
+namespace {
+
+/// How deep container records may lie in each other. Boards need two or three levels; an archive made to harm could
+/// nest as many as it has bytes, and each takes some hundred bytes of stack.
+constexpr int kMaxNesting = 128;
+
+thread_local int nesting = 0;
+
+/// One container record that is being written or read on this thread.
+class NestingLevel
+{
+public:
+    NestingLevel()
+    {
+        if (nesting >= kMaxNesting)
+            AfxThrowArchiveException(CArchiveException::badSchema);
+        ++nesting;
+    }
+    ~NestingLevel() { --nesting; }
+    NestingLevel(const NestingLevel&) = delete;
+    NestingLevel& operator=(const NestingLevel&) = delete;
+};
+
+int IsSameElement(const CKGeom* a, const CKGeom* b)
+{
+    if (a == b)
+        return 1;
+    return a && b && *a == *b;
+}
+
+} // namespace
+
+CKGeomContainer::CKGeomContainer() = default;
+
+CKGeomContainer::CKGeomContainer(const CKGeom& fields) : CKGeom(fields) {}
+
+CKGeomContainer::CKGeomContainer(const CKGeomContainer& other) : CKGeom(other)
+{
+    CKGeomTreeCopy::CopyElements(other, *this);
+}
+
+CKGeomContainer::~CKGeomContainer() = default;
+
+CKGeomContainer& CKGeomContainer::operator=(const CKGeomContainer& other)
+{
+    if (this == &other)
+        return *this;
+    CKGeomContainer copy(other);
+    CKGeom::operator=(other); // before the own elements go, since the other container may be among them
+    if (copy.m_elements)
+        m_elements.swap(copy.m_elements);
+    else
+        DeleteElements();
+    return *this;
+}
+
+int CKGeomContainer::operator==(const CKGeomContainer& other) const
+{
+    if (this == &other)
+        return 1;
+    return CKGeom::operator==(other) && IsElementEqual(other);
+}
+
+int CKGeomContainer::operator!=(const CKGeomContainer& other) const
+{
+    return !(*this == other);
+}
+
+int CKGeomContainer::IsElementEqual(const CKGeomContainer& other) const
+{
+    const int count = GetCount();
+    if (count != other.GetCount())
+        return 0;
+    for (int i = 0; i < count; ++i) {
+        if (!IsSameElement(GetAt(i), other.GetAt(i)))
+            return 0;
+    }
+    return 1;
+}
+
+void CKGeomContainer::Serialize(CArchive& ar)
+{
+    if (ar.IsStoring())
+        Store(ar);
+    else
+        Load(ar);
+}
+
+void CKGeomContainer::Store(CArchive& ar)
+{
+    const NestingLevel level;
+    const int count = GetCount();
+    int stored = 0;
+    for (int i = 0; i < count; ++i)
+        stored += GetAt(i) ? 1 : 0;
+
+    const int version = 1;
+    ar << version << stored;
+    for (int i = 0; i < count; ++i) {
+        CKGeom* shape = GetAt(i);
+        if (!shape)
+            continue; // a null has no type code, so an archive could not bring it back
+        ar << shape->GetType();
+        shape->Serialize(ar);
+    }
+}
+
+void CKGeomContainer::Load(CArchive& ar)
+{
+    DeleteElements();
+    const NestingLevel level;
+    int version = 0;
+    ar >> version;
+    if (version < 1)
+        return;
+    // The count is taken as a promise only: the list grows by the shapes that really arrive.
+    int count = 0;
+    ar >> count;
+    for (int i = 0; i < count; ++i) {
+        int type = 0;
+        ar >> type;
+        std::unique_ptr<CKGeom> shape(NewCKGeom(type));
+        if (!shape)
+            AfxThrowArchiveException(CArchiveException::badSchema);
+        shape->Serialize(ar);
+        Add(shape.get());
+        shape.release();
+    }
+}
+
+CKGeom* CKGeomContainer::clone() const
+{
+    return new CKGeomContainer(*this);
+}
+
+int CKGeomContainer::GetType()
+{
+    return 5;
+}
+
+CKGeom* CKGeomContainer::NewCKGeom(int type)
+{
+    switch (type) {
+    case 1:
+        return new CKGeomText;
+    case 2:
+        return new CKGeomLine;
+    case 3:
+        return new CKGeomArc;
+    case 4:
+        return new CKGeomPoint;
+    case 6:
+        return new CKGeomPolygon;
+    default:
+        return nullptr; // circles and rectangles have no code of their own, and a bare container is none of a board
+    }
+}
+
+int CKGeomContainer::GetCount() const
+{
+    return m_elements ? static_cast<int>(m_elements->GetSize()) : 0;
+}
+
+uint64_t CKGeomContainer::GetSize() const
+{
+    return m_elements ? static_cast<uint64_t>(m_elements->GetSize()) : 0;
+}
+
+int CKGeomContainer::IsEmpty()
+{
+    return GetSize() == 0 ? 1 : 0;
+}
+
+void CKGeomContainer::Add(CKGeom* shape)
+{
+    if (!m_elements)
+        m_elements = std::make_unique<CKGeomArray>();
+    m_elements->Add(shape);
+}
+
+CKGeom* CKGeomContainer::GetAt(int i) const
+{
+    return m_elements ? m_elements->GetAt(i) : nullptr;
+}
+
+CKGeom* CKGeomContainer::GetLastElement()
+{
+    return m_elements ? m_elements->GetLastElement() : nullptr;
+}
+
+void CKGeomContainer::RemoveAt(int i)
+{
+    if (m_elements && i < m_elements->GetSize())
+        m_elements->RemoveAt(i);
+}
+
+void CKGeomContainer::DeleteAt(int i)
+{
+    if (m_elements)
+        m_elements->DeleteAt(i);
+}
+
+void CKGeomContainer::DeleteElements()
+{
+    if (m_elements)
+        m_elements->DeleteElements();
+}

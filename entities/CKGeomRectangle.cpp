@@ -1,0 +1,39 @@
+#include "entities/CKGeomRectangle.h"
+
+#include <cmath>
+
+CKGeomRectangle::CKGeomRectangle() = default;
+
+CKGeom* CKGeomRectangle::clone() const
+{
+    return new CKGeomRectangle(*this);
+}
+
+void CKGeomRectangle::SetData(double x1, double x2, double y1, double y2, float rotation)
+{
+    m_centerX = (x1 + x2) * 0.5;
+    m_centerY = (y1 + y2) * 0.5;
+    m_width = static_cast<float>(std::fabs(x2 - x1));
+    m_height = static_cast<float>(std::fabs(y2 - y1));
+    m_rotation = rotation;
+}
+
+double CKGeomRectangle::getLeft()
+{
+    return m_centerX - static_cast<double>(m_width) * 0.5;
+}
+
+double CKGeomRectangle::getRight()
+{
+    return m_centerX + static_cast<double>(m_width) * 0.5;
+}
+
+double CKGeomRectangle::getBottom()
+{
+    return m_centerY - static_cast<double>(m_height) * 0.5;
+}
+
+double CKGeomRectangle::getTop()
+{
+    return m_centerY + static_cast<double>(m_height) * 0.5;
+}
