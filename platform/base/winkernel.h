@@ -102,7 +102,7 @@ KOLM_API BOOL DeleteFileA(LPCSTR path);
 KOLM_API HANDLE GetCurrentProcess();
 
 /// number * numerator / denominator with a 64-bit product, rounded to the nearest, halves away from zero.
-/// -1 when the denominator is 0 or the result does not fit.
+/// -1 when the denominator is 0 or the magnitude of the result exceeds INT_MAX.
 KOLM_API int MulDiv(int number, int numerator, int denominator);
 
 /// What clock() counts inside the library: wall milliseconds since the library was loaded. Never runs backwards.

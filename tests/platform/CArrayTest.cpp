@@ -1,0 +1,314 @@
+#include <afxcoll.h>
+#include <afxtempl.h>
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+namespace {
+
+/// An element that owns memory and counts itself, so that a lost, doubled or unborn element shows.
+class Tracked
+{
+public:
+    Tracked() : Tracked(0) {}
+    explicit Tracked(int value) : m_value(new int(value)) { ++alive; }
+    Tracked(const Tracked& other) : Tracked(*other.m_value) {}
+    Tracked& operator=(const Tracked& other)
+    {
+        *m_value = *other.m_value;
+        return *this;
+    }
+    ~Tracked()
+    {
+        delete m_value;
+        --alive;
+    }
+    int Value() const { return *m_value; }
+
+    static int alive;
+
+private:
+    int* m_value;
+};
+
+int Tracked::alive = 0;
+
+int ValueOf(const Tracked& element)
+{
+    return element.Value();
+}
+
+int ValueOf(int element)
+{
+    return element;
+}
+
+template <class T>
+void ExpectSame(const CArray<T, const T&>& array, const std::vector<int>& model, int step)
+{
+    ASSERT_EQ(array.GetSize(), INT_PTR(model.size())) << "step " << step;
+    for (INT_PTR i = 0; i < array.GetSize(); ++i)
+        ASSERT_EQ(ValueOf(array[i]), model[size_t(i)]) << "step " << step << ", element " << i;
+}
+
+/// The same random changes to an array and to a std::vector, which are compared after each one.
+template <class T>
+void RunRandomOperations(unsigned seed)
+{
+    std::mt19937 random(seed);
+    CArray<T, const T&> array;
+    std::vector<int> model;
+    for (int step = 0; step < 3000; ++step) {
+        const int size = int(model.size());
+        const int value = int(random() % 1000) + 1;
+        const int at = int(random() % unsigned(size + 1));
+        const int count = int(random() % 5);
+        switch (random() % (size > 200 ? 12u : 10u)) {
+        case 0:
+        case 1:
+            EXPECT_EQ(array.Add(T(value)), size);
+            model.push_back(value);
+            break;
+        case 2:
+            array.InsertAt(at, T(value), count);
+            model.insert(model.begin() + at, size_t(count), value);
+            break;
+        case 3: { // past the end: the array grows up to there
+            array.InsertAt(size + count, T(value));
+            model.resize(size_t(size + count), 0);
+            model.push_back(value);
+            break;
+        }
+        case 4:
+            if (size > 0) { // an element of its own, which moves while the array grows
+                const int own = int(random() % unsigned(size));
+                array.InsertAt(at, array[own], count);
+                model.insert(model.begin() + at, size_t(count), int(model[size_t(own)]));
+                array.Add(array[own]);
+                model.push_back(int(model[size_t(own)]));
+            }
+            break;
+        case 5: {
+            const int removed = std::min(count, size - at);
+            array.RemoveAt(at, removed);
+            model.erase(model.begin() + at, model.begin() + at + removed);
+            break;
+        }
+        case 6:
+            array.SetAtGrow(at + count, T(value));
+            if (at + count >= size)
+                model.resize(size_t(at + count + 1), 0);
+            model[size_t(at + count)] = value;
+            break;
+        case 7:
+            array.SetSize(at + count, count);
+            model.resize(size_t(at + count), 0);
+            array.FreeExtra();
+            break;
+        case 8:
+            if (size < 100) {
+                const std::vector<int> copy = model;
+                EXPECT_EQ(array.Append(array), size);
+                model.insert(model.end(), copy.begin(), copy.end());
+            }
+            break;
+        case 9:
+            if (size < 100) {
+                const std::vector<int> copy = model;
+                array.InsertAt(at, &array);
+                model.insert(model.begin() + at, copy.begin(), copy.end());
+            }
+            break;
+        case 10: {
+            CArray<T, const T&> other;
+            other.Copy(array);
+            ExpectSame(other, model, step);
+            break;
+        }
+        default:
+            array.RemoveAll();
+            model.clear();
+            break;
+        }
+        ExpectSame(array, model, step);
+        if (::testing::Test::HasFatalFailure())
+            return;
+        if (std::is_same_v<T, Tracked>) {
+            ASSERT_EQ(Tracked::alive, int(model.size())) << "step " << step;
+        }
+    }
+}
+
+TEST(CArray, BehavesAsAVector)
+{
+    for (unsigned seed = 1; seed <= 4; ++seed) {
+        SCOPED_TRACE(seed);
+        RunRandomOperations<int>(seed);
+        RunRandomOperations<Tracked>(seed);
+        EXPECT_EQ(Tracked::alive, 0);
+    }
+}
+
+TEST(CArray, BadArgumentsRaiseAndChangeNothing)
+{
+    using List = CArray<int, int>;
+    const struct
+    {
+        const char* why;
+        void (*call)(List&);
+    } cases[] = {
+        {"index before the start", [](List& a) { a[-1] = 7; }},
+        {"index at the end", [](List& a) { a.ElementAt(3) = 7; }},
+        {"least index", [](List& a) { a.GetAt(INTPTR_MIN) = 7; }},
+        {"SetAt does not grow", [](List& a) { a.SetAt(3, 7); }},
+        {"SetAtGrow before the start", [](List& a) { a.SetAtGrow(-1, 7); }},
+        {"negative size", [](List& a) { a.SetSize(-1); }},
+        {"insertion before the start", [](List& a) { a.InsertAt(-1, 7); }},
+        {"negative count of insertions", [](List& a) { a.InsertAt(0, 7, -1); }},
+        {"no array to insert", [](List& a) { a.InsertAt(0, static_cast<List*>(nullptr)); }},
+        {"removing one too many", [](List& a) { a.RemoveAt(1, 3); }},
+        {"removing before the start", [](List& a) { a.RemoveAt(-1); }},
+        {"removing a negative count", [](List& a) { a.RemoveAt(2, -1); }},
+        {"index and count that overflow", [](List& a) { a.RemoveAt(1, INTPTR_MAX); }},
+    };
+    for (const auto& c : cases) {
+        List array;
+        for (int value : {1, 2, 3})
+            array.Add(value);
+        try {
+            c.call(array);
+            ADD_FAILURE() << c.why;
+        } catch (CInvalidArgException* e) {
+            e->Delete();
+        }
+        ASSERT_EQ(array.GetSize(), 3) << c.why;
+        EXPECT_TRUE(array[0] == 1 && array[1] == 2 && array[2] == 3) << c.why;
+    }
+}
+
+TEST(CArray, SizesThatNoMemoryHasRaise)
+{
+    static volatile INT_PTR huge = INTPTR_MAX; // the compiler would warn of what the array has to refuse
+    CArray<double, double> array;
+    array.Add(1.5);
+    void (*const calls[])(CArray<double, double>&) = {
+        [](CArray<double, double>& a) { a.SetSize(huge); },
+        [](CArray<double, double>& a) { a.SetAtGrow(huge, 1); },
+        [](CArray<double, double>& a) { a.InsertAt(huge, 1); },
+        [](CArray<double, double>& a) { a.InsertAt(0, 1, huge); },
+    };
+    for (const auto call : calls) {
+        EXPECT_THROW(call(array), CMemoryException*);
+        ASSERT_EQ(array.GetSize(), 1);
+        EXPECT_EQ(array[0], 1.5);
+    }
+}
+
+TEST(CArray, ArgumentTypesOfEveryKind)
+{
+    CArray<double, double&> byReference;
+    double value = 2;
+    byReference.Add(value);
+    byReference.InsertAt(0, byReference[0]);
+    byReference.SetAtGrow(4, value);
+    EXPECT_EQ(byReference[1] + byReference[4], 4);
+    EXPECT_EQ(byReference[3], 0);
+
+    CArray<const char*, const char*> pointers;
+    pointers.SetSize(2);
+    EXPECT_EQ(pointers[1], nullptr) << "elements that nobody named are null";
+    EXPECT_EQ((CArray<int>().GetData()), nullptr);
+}
+
+TEST(CArray, GrowingOneByOneMovesElementsRarely)
+{
+    CArray<int, int> array;
+    int moves = 0;
+    const int* before = nullptr;
+    for (int i = 0; i < 100000; ++i) {
+        array.Add(i);
+        moves += array.GetData() != before;
+        before = array.GetData();
+    }
+    EXPECT_LT(moves, 40) << "log 1.5 of 100000 is 28";
+}
+
+template <class Array>
+void StoreAndLoad(Array& from, Array& to)
+{
+    CMemFile file;
+    CArchive out(&file, CArchive::store);
+    from.Serialize(out);
+    out.Close();
+    file.SeekToBegin();
+    CArchive in(&file, CArchive::load);
+    to.Serialize(in);
+}
+
+/// Goes to archives through a Serialize of its own.
+struct Celsius
+{
+    Celsius() = default;
+    explicit Celsius(double d) : degrees(d) {}
+    Celsius(const Celsius& other) : degrees(other.degrees) {}
+    Celsius& operator=(const Celsius&) = default;
+    void Serialize(CArchive& ar)
+    {
+        if (ar.IsStoring())
+            ar << float(degrees);
+        else {
+            float narrow;
+            ar >> narrow;
+            degrees = narrow;
+        }
+    }
+    double degrees = 0;
+};
+
+TEST(CArray, ArchivesEveryKindOfElement)
+{
+    CArray<double, double> numbers, numbersBack;
+    for (int i = 0; i < 70000; ++i) // the count needs its long form, the bytes several steps
+        numbers.Add(i * 0.5);
+    numbersBack.Add(-1);
+    StoreAndLoad(numbers, numbersBack);
+    ASSERT_EQ(numbersBack.GetSize(), 70000);
+    EXPECT_EQ(memcmp(numbersBack.GetData(), numbers.GetData(), 70000 * sizeof(double)), 0);
+
+    CStringArray texts, textsBack;
+    for (LPCSTR text : {"", "net", "GND"})
+        texts.Add(text);
+    StoreAndLoad(texts, textsBack);
+    ASSERT_EQ(textsBack.GetSize(), 3);
+    EXPECT_EQ(textsBack[2], "GND");
+
+    CArray<Celsius> own, ownBack;
+    own.Add(Celsius(20.5));
+    StoreAndLoad(own, ownBack);
+    ASSERT_EQ(ownBack.GetSize(), 1);
+    EXPECT_EQ(ownBack[0].degrees, 20.5);
+
+    CArray<int*, int*> pointers, pointersBack;
+    pointers.Add(nullptr);
+    EXPECT_THROW(StoreAndLoad(pointers, pointersBack), CNotSupportedException*);
+}
+
+TEST(CArray, ACountIsNotBelieved)
+{
+    const BYTE bytes[] = {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x7F, 1, 2, 3};
+    CMemFile file(const_cast<BYTE*>(bytes), sizeof bytes);
+    CArchive ar(&file, CArchive::load);
+    CStringArray texts;
+    try {
+        texts.Serialize(ar);
+        ADD_FAILURE();
+    } catch (CArchiveException* e) {
+        EXPECT_EQ(e->m_cause, CArchiveException::endOfFile);
+        e->Delete();
+    }
+    EXPECT_EQ(texts.GetSize(), 0);
+}
+
+} // namespace

@@ -1,0 +1,59 @@
+#include <afx.h>
+
+#include <gtest/gtest.h>
+
+#include <dlfcn.h>
+#include <vector>
+
+namespace {
+
+std::vector<HMODULE> RegisteredModules()
+{
+    std::vector<HMODULE> modules;
+    for (const CDynLinkLibrary* entry = AfxGetFirstExtension(); entry; entry = entry->m_pNextDLL)
+        modules.push_back(entry->m_hModule);
+    return modules;
+}
+
+TEST(Module, TheLibraryRegistersItselfWhenLoaded)
+{
+    const std::vector<HMODULE> modules = RegisteredModules();
+    ASSERT_EQ(modules.size(), 1u);
+    Dl_info ofModule, ofLibrary;
+    ASSERT_NE(dladdr(modules[0], &ofModule), 0);
+    ASSERT_NE(dladdr(reinterpret_cast<void*>(&AfxGetFirstExtension), &ofLibrary), 0);
+    EXPECT_EQ(ofModule.dli_fbase, ofLibrary.dli_fbase) << "its handle is an address of its own";
+}
+
+TEST(Module, ModulesComeAndGo)
+{
+    const std::vector<HMODULE> before = RegisteredModules();
+    int first = 0;
+    int second = 0;
+    const HMODULE firstHandle = reinterpret_cast<HMODULE>(&first);
+    const HMODULE secondHandle = reinterpret_cast<HMODULE>(&second);
+    AFX_EXTENSION_MODULE firstModule = {};
+    AFX_EXTENSION_MODULE secondModule = {};
+
+    EXPECT_FALSE(AfxInitExtensionModule(firstModule, nullptr));
+    EXPECT_TRUE(AfxInitExtensionModule(firstModule, firstHandle));
+    EXPECT_TRUE(AfxInitExtensionModule(firstModule, secondHandle)) << "initialized before";
+    EXPECT_EQ(firstModule.hModule, firstHandle);
+    EXPECT_TRUE(AfxInitExtensionModule(secondModule, secondHandle));
+    new CDynLinkLibrary(firstModule);
+    new CDynLinkLibrary(secondModule);
+    new CDynLinkLibrary(firstModule);
+
+    std::vector<HMODULE> expected = before;
+    expected.insert(expected.end(), {firstHandle, secondHandle, firstHandle});
+    EXPECT_EQ(RegisteredModules(), expected);
+    AfxTermExtensionModule(firstModule);
+    expected = before;
+    expected.push_back(secondHandle);
+    EXPECT_EQ(RegisteredModules(), expected) << "all entries of one module go, no others";
+    AfxTermExtensionModule(firstModule);
+    AfxTermExtensionModule(secondModule);
+    EXPECT_EQ(RegisteredModules(), before);
+}
+
+} // namespace
