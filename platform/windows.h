@@ -4,9 +4,5 @@
 #include "base/winkernel.h"
 #include "base/wintypes.h"
 
-// clang-format off: records before the functions that take them
-#if __has_include("gdi/wingdi.h")
 #include "gdi/wingdi.h"
 #include "gdi/winuser.h"
-#endif
-// clang-format on

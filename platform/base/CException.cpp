@@ -129,12 +129,14 @@ void AfxThrowMemoryException()
 
 void AfxThrowInvalidArgException()
 {
-    throw new CInvalidArgException;
+    static CInvalidArgException exception(FALSE);
+    throw &exception;
 }
 
 void AfxThrowNotSupportedException()
 {
-    throw new CNotSupportedException;
+    static CNotSupportedException exception(FALSE);
+    throw &exception;
 }
 
 void AfxThrowArchiveException(int cause, LPCTSTR archiveName)

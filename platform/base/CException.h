@@ -8,7 +8,8 @@
 class KOLM_API CException : public CObject
 {
 public:
-    /// An exception that lives on the heap deletes itself; one that is static passes FALSE.
+    /// An exception that lives on the heap deletes itself; one that is static passes FALSE. Those without a cause of
+    /// their own are static, so that raising them needs no memory.
     explicit CException(BOOL autoDelete = TRUE) : m_autoDelete(autoDelete) {}
 
     /// The one way to get rid of a caught exception.
@@ -22,7 +23,7 @@ private:
     BOOL m_autoDelete;
 };
 
-/// No memory, or a size that no memory could have. The object is static, so that raising it needs none.
+/// No memory, or a size that no memory could have.
 class KOLM_API CMemoryException : public CException
 {
 public:

@@ -1,5 +1,7 @@
 #include <afx.h>
 
+#include "Raises.h"
+
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -30,26 +32,12 @@ Bytes Stored(const Fill& fill, int bufferSize = 65536)
     return ContentsOf(file);
 }
 
-/// The cause of the archive exception that a call raises, or none.
-template <class Call>
-int CauseOf(const Call& call)
-{
-    try {
-        call();
-    } catch (CArchiveException* e) {
-        const int cause = e->m_cause;
-        e->Delete();
-        return cause;
-    }
-    return CArchiveException::none;
-}
-
 template <class Use>
 int CauseWhileLoading(const Bytes& bytes, const Use& use)
 {
     CMemFile file(const_cast<BYTE*>(bytes.data()), UINT(bytes.size()));
     CArchive ar(&file, CArchive::load);
-    return CauseOf([&] { use(ar); });
+    return ArchiveCause([&] { use(ar); });
 }
 
 Bytes operator+(Bytes a, const Bytes& b)
@@ -282,23 +270,23 @@ TEST(CArchive, WrongDirectionRaises)
     CArchive out(&file, CArchive::store);
     int number = 0;
     CString text;
-    EXPECT_EQ(CauseOf([&] { out >> number; }), CArchiveException::writeOnly);
-    EXPECT_EQ(CauseOf([&] { out >> text; }), CArchiveException::writeOnly);
-    EXPECT_EQ(CauseOf([&] { out.Read(&number, 1); }), CArchiveException::writeOnly);
+    EXPECT_EQ(ArchiveCause([&] { out >> number; }), CArchiveException::writeOnly);
+    EXPECT_EQ(ArchiveCause([&] { out >> text; }), CArchiveException::writeOnly);
+    EXPECT_EQ(ArchiveCause([&] { out.Read(&number, 1); }), CArchiveException::writeOnly);
     out << 7;
     out.Close();
     out.Close();
-    EXPECT_EQ(CauseOf([&] { out << 1; }), CArchiveException::genericException);
-    EXPECT_EQ(CauseOf([&] { out.Write("x", 1); }), CArchiveException::genericException);
+    EXPECT_EQ(ArchiveCause([&] { out << 1; }), CArchiveException::genericException);
+    EXPECT_EQ(ArchiveCause([&] { out.Write("x", 1); }), CArchiveException::genericException);
 
     file.SeekToBegin();
     CArchive in(&file, CArchive::load);
-    EXPECT_EQ(CauseOf([&] { in << 1; }), CArchiveException::readOnly);
-    EXPECT_EQ(CauseOf([&] { in << CString("x"); }), CArchiveException::readOnly);
+    EXPECT_EQ(ArchiveCause([&] { in << 1; }), CArchiveException::readOnly);
+    EXPECT_EQ(ArchiveCause([&] { in << CString("x"); }), CArchiveException::readOnly);
     in >> number;
     EXPECT_EQ(number, 7) << "a refused call leaves the archive usable";
     in.Abort();
-    EXPECT_EQ(CauseOf([&] { in >> number; }), CArchiveException::genericException);
+    EXPECT_EQ(ArchiveCause([&] { in >> number; }), CArchiveException::genericException);
 }
 
 TEST(CArchive, FlushAndCloseSetTheFilePosition)
@@ -338,7 +326,7 @@ TEST(CArchive, FailuresOfTheFilePassButNotFromTheDestructor)
     {
         CArchive ar(&file, CArchive::store);
         ar << 1;
-        EXPECT_THROW(ar.Close(), CFileException*);
+        EXPECT_TRUE(Raises<CFileException>([&] { ar.Close(); }));
         EXPECT_EQ(ar.GetFile(), &file) << "still open: the caller decides";
     }
     CMemFile untouched;

@@ -1,6 +1,8 @@
 #include <afxcoll.h>
 #include <afxtempl.h>
 
+#include "Raises.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
@@ -177,12 +179,7 @@ TEST(CArray, BadArgumentsRaiseAndChangeNothing)
         List array;
         for (int value : {1, 2, 3})
             array.Add(value);
-        try {
-            c.call(array);
-            ADD_FAILURE() << c.why;
-        } catch (CInvalidArgException* e) {
-            e->Delete();
-        }
+        EXPECT_TRUE(Raises<CInvalidArgException>([&] { c.call(array); })) << c.why;
         ASSERT_EQ(array.GetSize(), 3) << c.why;
         EXPECT_TRUE(array[0] == 1 && array[1] == 2 && array[2] == 3) << c.why;
     }
@@ -200,7 +197,7 @@ TEST(CArray, SizesThatNoMemoryHasRaise)
         [](CArray<double, double>& a) { a.InsertAt(0, 1, huge); },
     };
     for (const auto call : calls) {
-        EXPECT_THROW(call(array), CMemoryException*);
+        EXPECT_TRUE(Raises<CMemoryException>([&] { call(array); }));
         ASSERT_EQ(array.GetSize(), 1);
         EXPECT_EQ(array[0], 1.5);
     }
@@ -292,7 +289,7 @@ TEST(CArray, ArchivesEveryKindOfElement)
 
     CArray<int*, int*> pointers, pointersBack;
     pointers.Add(nullptr);
-    EXPECT_THROW(StoreAndLoad(pointers, pointersBack), CNotSupportedException*);
+    EXPECT_TRUE(Raises<CNotSupportedException>([&] { StoreAndLoad(pointers, pointersBack); }));
 }
 
 TEST(CArray, ACountIsNotBelieved)
@@ -301,13 +298,7 @@ TEST(CArray, ACountIsNotBelieved)
     CMemFile file(const_cast<BYTE*>(bytes), sizeof bytes);
     CArchive ar(&file, CArchive::load);
     CStringArray texts;
-    try {
-        texts.Serialize(ar);
-        ADD_FAILURE();
-    } catch (CArchiveException* e) {
-        EXPECT_EQ(e->m_cause, CArchiveException::endOfFile);
-        e->Delete();
-    }
+    EXPECT_EQ(ArchiveCause([&] { texts.Serialize(ar); }), CArchiveException::endOfFile);
     EXPECT_EQ(texts.GetSize(), 0);
 }
 

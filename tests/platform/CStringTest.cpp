@@ -1,5 +1,7 @@
 #include <afx.h>
 
+#include "Raises.h"
+
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -125,7 +127,7 @@ TEST(CString, Tokens)
         EXPECT_EQ(joined, c.expected) << c.text;
     }
     int start = -1;
-    EXPECT_THROW(CString("a").Tokenize(" ", start), CInvalidArgException*);
+    EXPECT_TRUE(Raises<CInvalidArgException>([&] { CString("a").Tokenize(" ", start); }));
 }
 
 TEST(CString, Formats)
@@ -143,10 +145,10 @@ TEST(CString, PositionsOutsideRaise)
 {
     CString text("ab");
     EXPECT_EQ(text[2], 0) << "the final zero can be read";
-    EXPECT_THROW(text.GetAt(3), CInvalidArgException*);
-    EXPECT_THROW(text.GetAt(-1), CInvalidArgException*);
-    EXPECT_THROW(text.SetAt(2, 'c'), CInvalidArgException*);
-    EXPECT_THROW(CString("ab", -1), CInvalidArgException*);
+    EXPECT_TRUE(Raises<CInvalidArgException>([&] { text.GetAt(3); }));
+    EXPECT_TRUE(Raises<CInvalidArgException>([&] { text.GetAt(-1); }));
+    EXPECT_TRUE(Raises<CInvalidArgException>([&] { text.SetAt(2, 'c'); }));
+    EXPECT_TRUE(Raises<CInvalidArgException>([&] { CString("ab", -1); }));
     text.SetAt(1, '\0');
     EXPECT_EQ(text.GetLength(), 2);
 }

@@ -1,6 +1,8 @@
 #include <afx.h>
 #include <windows.h>
 
+#include "Raises.h"
+
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -73,8 +75,9 @@ TEST_F(Files, FlagsOfOpen)
             EXPECT_EQ(Get(path), c.after) << c.why;
         }
     }
-    EXPECT_THROW(CFile(m_directory.c_str(), CFile::modeRead), CFileException*) << "a directory has no bytes";
-    EXPECT_THROW(CFile(nullptr, CFile::modeRead), CFileException*);
+    EXPECT_TRUE(Raises<CFileException>([&] { CFile(m_directory.c_str(), CFile::modeRead); }))
+        << "a directory has no bytes";
+    EXPECT_TRUE(Raises<CFileException>([&] { CFile(nullptr, CFile::modeRead); }));
 }
 
 /// What every kind of file has to do alike.
@@ -92,7 +95,7 @@ void ExerciseFile(CFile& file)
     file.Write("X", 1); // right after reading
     EXPECT_EQ(file.Read(bytes, 1), 1u);
     EXPECT_EQ(bytes[0], '4');
-    EXPECT_THROW(file.Seek(-11, CFile::end), CFileException*);
+    EXPECT_TRUE(Raises<CFileException>([&] { file.Seek(-11, CFile::end); }));
     EXPECT_EQ(file.GetPosition(), 5u) << "a refused seek moves nothing";
 
     EXPECT_EQ(file.Seek(4, CFile::end), 14u);
@@ -132,17 +135,17 @@ TEST_F(Files, NotOpenRaises)
     CStdioFile buffered;
     char byte = 0;
     for (CFile* file : {&disk, static_cast<CFile*>(&buffered)}) {
-        EXPECT_THROW(file->Read(&byte, 1), CFileException*);
-        EXPECT_THROW(file->Write(&byte, 1), CFileException*);
-        EXPECT_THROW(file->Seek(0, CFile::begin), CFileException*);
-        EXPECT_THROW(file->GetLength(), CFileException*);
-        EXPECT_THROW(file->SetLength(1), CFileException*);
+        EXPECT_TRUE(Raises<CFileException>([&] { file->Read(&byte, 1); }));
+        EXPECT_TRUE(Raises<CFileException>([&] { file->Write(&byte, 1); }));
+        EXPECT_TRUE(Raises<CFileException>([&] { file->Seek(0, CFile::begin); }));
+        EXPECT_TRUE(Raises<CFileException>([&] { file->GetLength(); }));
+        EXPECT_TRUE(Raises<CFileException>([&] { file->SetLength(1); }));
         file->Close();
     }
     CFile readOnly;
     Put(Path("file"), "a");
     ASSERT_TRUE(readOnly.Open(Path("file").c_str(), CFile::modeRead));
-    EXPECT_THROW(readOnly.Write("x", 1), CFileException*);
+    EXPECT_TRUE(Raises<CFileException>([&] { readOnly.Write("x", 1); }));
 }
 
 TEST_F(Files, LinesOfText)
@@ -170,16 +173,16 @@ TEST_F(Files, MemoryBlocksOfTheCaller)
     EXPECT_EQ(fixed.GetLength(), 4u);
     fixed.Write("\x09", 1);
     EXPECT_EQ(block[0], 9);
-    EXPECT_THROW(fixed.Write("abcd", 4), CMemoryException*) << "it cannot grow";
+    EXPECT_TRUE(Raises<CMemoryException>([&] { fixed.Write("abcd", 4); })) << "it cannot grow";
     EXPECT_EQ(fixed.GetPosition(), 1u);
     EXPECT_EQ(fixed.Detach(), block);
     EXPECT_EQ(fixed.GetLength(), 0u);
 
     CMemFile file;
     file.Seek(INT64_MAX, CFile::begin);
-    EXPECT_THROW(file.Write("a", 1), CMemoryException*);
+    EXPECT_TRUE(Raises<CMemoryException>([&] { file.Write("a", 1); }));
     EXPECT_EQ(file.GetLength(), 0u);
-    EXPECT_THROW(file.Seek(1, CFile::current), CFileException*) << "positions have an end";
+    EXPECT_TRUE(Raises<CFileException>([&] { file.Seek(1, CFile::current); })) << "positions have an end";
 }
 
 TEST_F(Files, MemoryIsReachedDirectly)
@@ -194,7 +197,7 @@ TEST_F(Files, MemoryIsReachedDirectly)
     EXPECT_EQ(file.GetLength(), 0u) << "not yet part of the file";
     EXPECT_EQ(file.GetBufferPtr(CFile::bufferCommit, 60), 60u);
     EXPECT_EQ(file.GetLength(), 60u);
-    EXPECT_THROW(file.GetBufferPtr(CFile::bufferCommit, 1000), CInvalidArgException*);
+    EXPECT_TRUE(Raises<CInvalidArgException>([&] { file.GetBufferPtr(CFile::bufferCommit, 1000); }));
     file.Seek(58, CFile::begin);
     EXPECT_EQ(file.GetBufferPtr(CFile::bufferRead, 10, &start, &stop), 2u);
     EXPECT_EQ(*static_cast<char*>(start), 'm');
