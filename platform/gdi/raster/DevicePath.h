@@ -2,7 +2,9 @@
 #pragma once
 
 #include "gdi/raster/Surface.h"
+#include "KolmApi.h"
 
+#include <limits>
 #include <vector>
 
 namespace gdi {
@@ -23,8 +25,9 @@ struct EllipseArc
     bool whole;            ///< the radials are equal
 };
 
-/// Figures of lines and arcs. Cleared and refilled without giving its memory back.
-class DevicePath
+/// Figures of lines and arcs. Cleared and refilled without giving its memory back. A figure begins with MoveTo; lines
+/// and arcs before the first MoveTo are the caller's mistake and are taken to begin at (0, 0).
+class KOLM_API DevicePath
 {
 public:
     enum class Verb : uint8_t
@@ -35,23 +38,47 @@ public:
         Close ///< back to the figure's first point
     };
 
-    void Clear();
-    void MoveTo(DevicePoint point);
-    void LineTo(DevicePoint point);
+    void Clear()
+    {
+        m_verbs.clear();
+        m_points.clear();
+        m_arcs.clear();
+        m_bounds = kNothing;
+    }
+    void MoveTo(DevicePoint point) { Add(Verb::Move, point); }
+    void LineTo(DevicePoint point) { Add(Verb::Line, point); }
     void ArcTo(const EllipseArc& arc);
-    void Close();
+    void Close() { m_verbs.push_back(Verb::Close); }
 
     bool IsEmpty() const { return m_verbs.empty(); }
     const std::vector<Verb>& Verbs() const { return m_verbs; }
     const std::vector<DevicePoint>& Points() const { return m_points; }
     const std::vector<EllipseArc>& Arcs() const { return m_arcs; }
-    const Box& Bounds() const { return m_bounds; } ///< closed bounds of all points and ellipses: right and bottom inside
+    /// Closed bounds of all points and ellipses: right and bottom inside. Left is above right while there are none.
+    const Box& Bounds() const { return m_bounds; }
 
 private:
+    static constexpr Box kNothing = {std::numeric_limits<int32_t>::max(), std::numeric_limits<int32_t>::max(),
+                                     std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::min()};
+
+    void Add(Verb verb, DevicePoint point)
+    {
+        m_verbs.push_back(verb);
+        m_points.push_back(point);
+        Include(point);
+    }
+    void Include(DevicePoint point)
+    {
+        m_bounds.left = point.x < m_bounds.left ? point.x : m_bounds.left;
+        m_bounds.right = point.x > m_bounds.right ? point.x : m_bounds.right;
+        m_bounds.top = point.y < m_bounds.top ? point.y : m_bounds.top;
+        m_bounds.bottom = point.y > m_bounds.bottom ? point.y : m_bounds.bottom;
+    }
+
     std::vector<Verb> m_verbs;
     std::vector<DevicePoint> m_points;
     std::vector<EllipseArc> m_arcs;
-    Box m_bounds;
+    Box m_bounds = kNothing;
 };
 
 } // namespace gdi

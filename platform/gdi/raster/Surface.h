@@ -13,7 +13,8 @@ struct DevicePoint
     int32_t y;
 };
 
-/// Half-open box of pixels: right and bottom are the first column and row outside. Empty unless left < right, top < bottom.
+/// Half-open box of pixels: right and bottom are the first column and row outside. Empty unless left < right, top <
+/// bottom.
 struct Box
 {
     int32_t left;
@@ -23,7 +24,9 @@ struct Box
 };
 
 /// Pixels in memory, rows from the top down (a negative stride makes a bottom-up bitmap). Does not own its bits.
-/// 32 bits: 0x00RRGGBB in a little-endian dword. 24 bits: blue, green, red. 1 bit: most significant bit first, 1 is white.
+/// Null bits, no width or no height is a surface without pixels: drawing into it does nothing.
+/// 32 bits: 0x00RRGGBB in a little-endian dword, rows aligned to 4 bytes. 24 bits: blue, green, red. 1 bit: most
+/// significant bit first, 1 is white.
 struct Surface
 {
     uint8_t* bits;
@@ -49,9 +52,22 @@ struct Ink
 {
     uint32_t pixel;
     RasterOp op;
-    const uint8_t* hatch; ///< null, or eight rows of eight bits anchored to device (0, 0), most significant bit leftmost
-    bool opaque;          ///< with a hatch or a dash: gaps are painted with backPixel instead of left alone
+    const uint8_t*
+        hatch;   ///< null, or eight rows of eight bits anchored to device (0, 0), most significant bit leftmost
+    bool opaque; ///< with a hatch or a dash: gaps are painted with backPixel instead of left alone
     uint32_t backPixel;
 };
+
+inline bool IsEmpty(const Box& box)
+{
+    return box.left >= box.right || box.top >= box.bottom;
+}
+
+/// The pixels that both boxes hold; may come out empty with any edges.
+inline Box Intersection(const Box& a, const Box& b)
+{
+    return {a.left > b.left ? a.left : b.left, a.top > b.top ? a.top : b.top, a.right < b.right ? a.right : b.right,
+            a.bottom < b.bottom ? a.bottom : b.bottom};
+}
 
 } // namespace gdi
