@@ -3,6 +3,9 @@
 
 #include "gdi/raster/DevicePath.h"
 #include "gdi/raster/Surface.h"
+#include "KolmApi.h"
+
+#include <memory>
 
 namespace gdi {
 
@@ -12,19 +15,31 @@ enum class FillRule
     Winding
 };
 
-/// Draws paths into surfaces. Keeps its scratch memory between calls, so that a warm one allocates nothing; one serves a
-/// whole thread. Every pixel of one stroke or fill is written once, whatever the raster operation.
+/// Draws paths into surfaces. Keeps its scratch memory between calls, so that a warm one allocates nothing; one serves
+/// a whole thread. Every pixel of one stroke or fill is written once, or, where writing twice gives the same (copy,
+/// black, white), possibly more often.
 ///
-/// A pixel belongs to a fill or to a wide stroke when its centre does; on the border left and top count as inside, right
-/// and bottom as outside. Coordinates may be any int32: the cost depends on the visible pixels only.
-class Rasterizer
+/// A pixel belongs to a fill or to a wide stroke when its centre does; on the border left and top count as inside,
+/// right and bottom as outside. On a round border that means the left half and the topmost point. Coordinates may be
+/// any int32: the cost depends on the visible pixels only. The clip is cut to the surface; an empty one draws nothing.
+class KOLM_API Rasterizer
 {
 public:
-    /// Lines one pixel wide, each segment without its last point. `dash` null is solid; otherwise alternating run lengths
-    /// in pixels, on first, ended by 0; the pattern runs on through a figure.
-    void StrokeCosmetic(const DevicePath& path, const uint8_t* dash, const Ink& ink, const Surface& surface, const Box& clip);
+    Rasterizer();
+    ~Rasterizer();
+    Rasterizer(const Rasterizer&) = delete;
+    Rasterizer& operator=(const Rasterizer&) = delete;
 
-    /// Lines `width` pixels wide (2 or more) with round ends and joins.
+    /// Lines one pixel wide, each segment without its last point, so that a segment of length zero draws nothing. Where
+    /// the ideal line passes half way between two pixels, the upper or left one is taken. An arc draws its first point
+    /// and leaves out its last; a whole ellipse has each of its pixels once, one of radius 0 is a single pixel.
+    /// `dash` null is solid; otherwise alternating run lengths in pixels, on first, ended by 0; the pattern runs on
+    /// through a figure and starts again with the next.
+    void StrokeCosmetic(const DevicePath& path, const uint8_t* dash, const Ink& ink, const Surface& surface,
+                        const Box& clip);
+
+    /// Lines `width` pixels wide with round ends and joins; a line of length zero is a disc. A width below 2 is
+    /// cosmetic.
     void StrokeWide(const DevicePath& path, int32_t width, const Ink& ink, const Surface& surface, const Box& clip);
 
     /// Inside of the path; open figures are closed for filling.
@@ -32,6 +47,10 @@ public:
 
     /// All pixels of a box.
     void FillBox(const Box& box, const Ink& ink, const Surface& surface, const Box& clip);
+
+private:
+    struct Scratch;
+    std::unique_ptr<Scratch> m_scratch;
 };
 
 } // namespace gdi

@@ -1,0 +1,176 @@
+#include "gdi/raster/Rasterizer.h"
+
+#include "gdi/raster/ArcSector.h"
+#include "gdi/raster/Capsule.h"
+#include "gdi/raster/CosmeticArc.h"
+#include "gdi/raster/Dash.h"
+#include "gdi/raster/OnceWriter.h"
+#include "gdi/raster/PathPieces.h"
+#include "gdi/raster/PolygonFill.h"
+#include "gdi/raster/RasterMath.h"
+#include "gdi/raster/RingSector.h"
+#include "gdi/raster/SpanBuffer.h"
+
+namespace gdi {
+
+struct Rasterizer::Scratch
+{
+    RoundEnds ends;
+    PolygonFill polygon;
+    OnceWriter once;
+    std::vector<Span> spans;         // rows of one capsule
+    std::vector<DevicePoint> points; // of a flattened arc
+
+    void Capsule(DevicePoint from, DevicePoint to, int32_t width, const Box& clip, PixelWriter& writer)
+    {
+        writer.Spans(spans.data(), CapsuleSpans(from, to, width, ends, clip, spans.data()));
+    }
+    void MakeRoom(const Box& clip)
+    {
+        const size_t rows = static_cast<size_t>(int64_t(clip.bottom) - clip.top);
+        if (spans.size() < rows)
+            spans.resize(rows);
+    }
+    void WideArc(const EllipseArc& arc, int32_t width, const Box& clip, PixelWriter& writer);
+};
+
+namespace {
+
+/// Visible part of what lies within `margin` of closed bounds; empty when there is nothing to draw.
+Box VisibleBox(const Box& bounds, int32_t margin, const Surface& surface, const Box& clip)
+{
+    const Box visible = Intersection(clip, {0, 0, surface.width, surface.height});
+    const Box nothing = {0, 0, 0, 0};
+    if (bounds.left > bounds.right || bounds.top > bounds.bottom)
+        return nothing;
+    return Intersection(visible,
+                        {SaturateToInt32(int64_t(bounds.left) - margin), SaturateToInt32(int64_t(bounds.top) - margin),
+                         SaturateToInt32(int64_t(bounds.right) + margin + 1),
+                         SaturateToInt32(int64_t(bounds.bottom) + margin + 1)});
+}
+
+bool IsSegment(const DevicePath& path)
+{
+    const auto& verbs = path.Verbs();
+    return verbs.size() == 2 && verbs[0] == DevicePath::Verb::Move && verbs[1] == DevicePath::Verb::Line;
+}
+
+void DrawCosmeticLine(DevicePoint from, DevicePoint to, const Box& clip, PixelWriter& writer)
+{
+    const CosmeticLine line(from, to);
+    int64_t first;
+    int64_t end;
+    line.Visible(clip, first, end);
+    line.Draw(first, end, writer);
+}
+
+} // namespace
+
+Rasterizer::Rasterizer() : m_scratch(std::make_unique<Scratch>()) {}
+
+Rasterizer::~Rasterizer() = default;
+
+void Rasterizer::StrokeCosmetic(const DevicePath& path, const uint8_t* dash, const Ink& ink, const Surface& surface,
+                                const Box& clip)
+{
+    const Box visible = VisibleBox(path.Bounds(), 0, surface, clip);
+    if (IsEmpty(visible))
+        return;
+    InkWriter inkWriter(ink, surface);
+    PixelWriter* writer = inkWriter.Get();
+    if (!writer)
+        return;
+    const bool dashed = dash && *dash;
+    if (IsSegment(path) && !dashed) {
+        DrawCosmeticLine(path.Points()[0], path.Points()[1], visible, *writer);
+        return;
+    }
+    if (dashed) {
+        DashedStroke(dash, ink, surface, visible, m_scratch->once).Draw(path, m_scratch->points);
+        return;
+    }
+    if (inkWriter.Toggles() && HasSeveralPieces(path)) {
+        m_scratch->once.Begin(visible);
+        m_scratch->once.SetTarget(writer);
+        writer = &m_scratch->once;
+    }
+    ForEachPiece(
+        path, [] {}, [&](DevicePoint from, DevicePoint to) { DrawCosmeticLine(from, to, visible, *writer); },
+        [&](const EllipseArc& arc) { DrawCosmeticArc(arc, visible, *writer); });
+}
+
+void Rasterizer::Scratch::WideArc(const EllipseArc& arc, int32_t width, const Box& clip, PixelWriter& writer)
+{
+    if (arc.radiusX2 == arc.radiusY2) {
+        DrawRingSector(arc, width, ends, clip, writer);
+        return;
+    }
+    points.clear();
+    FlattenArc(arc, points);
+    DevicePoint from = arc.start;
+    for (const DevicePoint to : points) {
+        Capsule(from, to, width, clip, writer);
+        from = to;
+    }
+}
+
+void Rasterizer::StrokeWide(const DevicePath& path, int32_t width, const Ink& ink, const Surface& surface,
+                            const Box& clip)
+{
+    if (width < 2) {
+        StrokeCosmetic(path, nullptr, ink, surface, clip);
+        return;
+    }
+    const Box visible = VisibleBox(path.Bounds(), width / 2, surface, clip);
+    if (IsEmpty(visible))
+        return;
+    InkWriter inkWriter(ink, surface);
+    PixelWriter* writer = inkWriter.Get();
+    if (!writer)
+        return;
+    m_scratch->MakeRoom(visible);
+    if (IsSegment(path)) {
+        m_scratch->Capsule(path.Points()[0], path.Points()[1], width, visible, *writer);
+        return;
+    }
+    if (inkWriter.Toggles() && HasSeveralPieces(path)) {
+        m_scratch->once.Begin(visible);
+        m_scratch->once.SetTarget(writer);
+        writer = &m_scratch->once;
+    }
+    ForEachPiece(
+        path, [] {}, [&](DevicePoint from, DevicePoint to) { m_scratch->Capsule(from, to, width, visible, *writer); },
+        [&](const EllipseArc& arc) { m_scratch->WideArc(arc, width, visible, *writer); });
+}
+
+void Rasterizer::Fill(const DevicePath& path, FillRule rule, const Ink& ink, const Surface& surface, const Box& clip)
+{
+    const Box visible = VisibleBox(path.Bounds(), 0, surface, clip);
+    if (IsEmpty(visible))
+        return;
+    Box box;
+    if (AsBox(path, box)) {
+        FillBox(box, ink, surface, visible);
+        return;
+    }
+    InkWriter inkWriter(ink, surface);
+    if (!inkWriter.Get())
+        return;
+    if (const EllipseArc* const circle = AsCircle(path))
+        FillDisc(*circle, visible, *inkWriter.Get());
+    else
+        m_scratch->polygon.Fill(path, rule, visible, *inkWriter.Get());
+}
+
+void Rasterizer::FillBox(const Box& box, const Ink& ink, const Surface& surface, const Box& clip)
+{
+    const Box visible = Intersection(Intersection(box, clip), {0, 0, surface.width, surface.height});
+    InkWriter inkWriter(ink, surface);
+    if (IsEmpty(visible) || !inkWriter.Get())
+        return;
+    SpanBuffer spans(*inkWriter.Get());
+    for (int32_t row = visible.top; row < visible.bottom; ++row)
+        spans.Add(row, visible.left, visible.right);
+}
+
+} // namespace gdi
