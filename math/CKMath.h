@@ -132,6 +132,6 @@ public:
     static KPointD GetRightAngleDistancedPointToPoint(int followPoint, double x1, double y1, double x2, double y2,
                                                       double px, double py);
     /// A new arc from P1 to P3 of thickness 0 that the caller deletes. Its centre is the image of P2 through the point
-    /// of the chord P1-P3 nearest to it, its direction the side of P3 against P1 -> P2 (0 when they lie on one line).
+    /// of the chord P1-P3 nearest to it, its direction what GetRelativeDirection() says of P3 against P1 -> P2.
     static CKGeomArc* GenerateArcFromThreePoints(double x1, double y1, double x2, double y2, double x3, double y3);
 };

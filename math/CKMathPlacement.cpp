@@ -1,9 +1,6 @@
 #include "math/CKMath.h"
 
-#include "foundation/Saturate.h"
 #include "math/Turn.h"
-
-#include <limits>
 
 namespace {
 
@@ -36,14 +33,14 @@ void PlacePoints(Real& x1, Real& y1, Real& x2, Real& y2, float angle, int mirror
     Mirror(x2, mirror);
 }
 
-/// The node's coordinate, or the coordinate itself when the node's number is no int.
+/// The node's coordinate; the coordinate itself when the node's number is no int or an infinite grid has no node.
 float Snapped(float coordinate, float grid)
 {
     const double steps = static_cast<double>(coordinate / grid) + (coordinate < 0.0f ? -0.5 : 0.5);
-    constexpr double kLimit = 2147483648.0;
-    if (grid == 0.0f || !(steps > -kLimit - 1.0 && steps < kLimit))
+    if (!(std::fabs(steps) < 2147483648.0))
         return coordinate;
-    return static_cast<float>(SaturatedToInt(steps)) * grid;
+    const float node = static_cast<float>(static_cast<int>(steps)) * grid;
+    return std::isnan(node) ? coordinate : node;
 }
 
 } // namespace
