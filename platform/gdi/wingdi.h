@@ -130,11 +130,11 @@ KOLM_API BOOL Rectangle(HDC dc, int left, int top, int right, int bottom);
 /// The colour that the surface now holds; CLR_INVALID outside of it. The raster operation is not looked at.
 KOLM_API COLORREF SetPixel(HDC dc, int x, int y, COLORREF color);
 KOLM_API COLORREF GetPixel(HDC dc, int x, int y);
-/// Block transfer by a ternary raster code; codes that use no source take a null one. World transforms may
-/// only move; FALSE under any other, and for a code that is not known. What lies outside of either surface is left out.
-/// From 1 bit to colours 0 becomes the destination's text colour and 1 its background colour; from colours to 1 bit a
-/// pixel of the source's background colour becomes 1, any other 0. Overlapping blocks of one surface come out as if
-/// copied first.
+/// Block transfer by a ternary raster code, whose third byte is the truth table of pattern, source and destination;
+/// codes that use no source take a null one. From 1 bit to colours 0 becomes the destination's text colour and 1 its
+/// background colour; from colours to 1 bit a pixel of the source's background colour becomes 1, any other 0. What lies
+/// outside of either surface is left out; overlapping blocks of one surface come out as if copied first. FALSE under
+/// world transforms that do more than move.
 KOLM_API BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSrc, int ySrc, DWORD code);
 KOLM_API BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD code);
 

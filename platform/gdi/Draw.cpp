@@ -1,0 +1,180 @@
+/// Pens and brushes on their way to the rasterizer.
+#include "gdi/Colors.h"
+#include "gdi/DeviceContext.h"
+#include "gdi/Trace.h"
+
+#include <utility>
+
+namespace gdi {
+namespace {
+
+// Run lengths of the dashed styles in pixels, on first.
+const uint8_t kDash[] = {18, 6, 0};
+const uint8_t kDot[] = {3, 3, 0};
+const uint8_t kDashDot[] = {9, 6, 3, 6, 0};
+const uint8_t kDashDotDot[] = {9, 3, 3, 3, 3, 3, 0};
+
+// 8 x 8 pixels anchored to the device, most significant bit leftmost.
+const uint8_t kHatches[6][8] = {
+    {0x00, 0x00, 0x00, 0xFF, 0x00, 0x00, 0x00, 0x00}, // horizontal
+    {0x08, 0x08, 0x08, 0x08, 0x08, 0x08, 0x08, 0x08}, // vertical
+    {0x80, 0x40, 0x20, 0x10, 0x08, 0x04, 0x02, 0x01}, // falling to the right
+    {0x01, 0x02, 0x04, 0x08, 0x10, 0x20, 0x40, 0x80}, // rising to the right
+    {0x08, 0x08, 0x08, 0xFF, 0x08, 0x08, 0x08, 0x08}, // cross
+    {0x81, 0x42, 0x24, 0x18, 0x18, 0x24, 0x42, 0x81}, // diagonal cross
+};
+
+const uint8_t* DashOf(const Pen& pen)
+{
+    switch (pen.style & PS_STYLE_MASK) {
+    case PS_DASH:
+        return kDash;
+    case PS_DOT:
+        return kDot;
+    case PS_DASHDOT:
+        return kDashDot;
+    case PS_DASHDOTDOT:
+        return kDashDotDot;
+    default:
+        return nullptr;
+    }
+}
+
+Ink SolidInk(const DeviceContext& dc, COLORREF color)
+{
+    const Surface& surface = *dc.surface;
+    return {ToPixel(surface, color, dc.bkColor), RasterOp(dc.rop), nullptr, dc.bkMode == OPAQUE,
+            ToPixel(surface, dc.bkColor, dc.bkColor)};
+}
+
+} // namespace
+
+bool IsHollow(const Pen& pen)
+{
+    return (pen.style & PS_STYLE_MASK) == PS_NULL;
+}
+
+int32_t DevicePenWidth(const DeviceContext& dc)
+{
+    const int32_t width = dc.pen->width;
+    if (width <= 0 || dc.world.identity) {
+        return width > 1 ? width : 1;
+    }
+    const int32_t scaled = RoundToPixel(width * dc.world.widthScale);
+    return scaled > 1 ? scaled : 1;
+}
+
+void Stroke(DeviceContext& dc, const DevicePath& path)
+{
+    if (IsHollow(*dc.pen)) {
+        return;
+    }
+    const Ink ink = SolidInk(dc, dc.pen->color);
+    const int32_t width = DevicePenWidth(dc);
+    if (width > 1) {
+        SharedRasterizer().StrokeWide(path, width, ink, *dc.surface, dc.Clip());
+    } else {
+        SharedRasterizer().StrokeCosmetic(path, DashOf(*dc.pen), ink, *dc.surface, dc.Clip());
+    }
+}
+
+bool BrushInk(const DeviceContext& dc, Ink& ink)
+{
+    const Brush& brush = *dc.brush;
+    if (brush.style == BS_NULL) {
+        return false;
+    }
+    ink = SolidInk(dc, brush.color);
+    if (brush.style == BS_HATCHED) {
+        ink.hatch = kHatches[brush.hatch];
+    }
+    return true;
+}
+
+void FillInside(DeviceContext& dc, const DevicePath& path)
+{
+    Ink ink;
+    if (BrushInk(dc, ink)) {
+        const FillRule rule = dc.polyFillMode == WINDING ? FillRule::Winding : FillRule::Alternate;
+        SharedRasterizer().Fill(path, rule, ink, *dc.surface, dc.Clip());
+    }
+}
+
+} // namespace gdi
+
+using namespace gdi;
+
+namespace {
+
+/// A closed figure through the box's corners, counter-clockwise as seen from the right upper one.
+void AppendBox(const Transform& world, int32_t left, int32_t top, int32_t right, int32_t bottom, DevicePath& path)
+{
+    path.MoveTo(world.ToDevice(right, top));
+    path.LineTo(world.ToDevice(left, top));
+    path.LineTo(world.ToDevice(left, bottom));
+    path.LineTo(world.ToDevice(right, bottom));
+    path.Close();
+}
+
+/// The inside of an upright box up to where the outline begins, so that no pixel is drawn twice with thin pens.
+void FillBoxInside(DeviceContext& dc, DevicePoint a, DevicePoint b)
+{
+    Ink ink;
+    if (!BrushInk(dc, ink)) {
+        return;
+    }
+    const int32_t inset = !IsHollow(*dc.pen) && DevicePenWidth(dc) == 1;
+    const auto ordered = [](int32_t& low, int32_t& high) {
+        if (low > high) {
+            std::swap(low, high);
+        }
+    };
+    ordered(a.x, b.x);
+    ordered(a.y, b.y);
+    if (a.x < b.x && a.y < b.y) { // also keeps the inset from passing the largest int
+        SharedRasterizer().FillBox({a.x + inset, a.y + inset, b.x, b.y}, ink, *dc.surface, dc.Clip());
+    }
+}
+
+BOOL DrawRectangle(DeviceContext& dc, int32_t left, int32_t top, int32_t right, int32_t bottom)
+{
+    if (dc.pathState == PathState::Open) {
+        AppendBox(dc.world, left, top, right, bottom, dc.path);
+        dc.figureOpen = false;
+        return TRUE;
+    }
+    dc.scratch.Clear();
+    AppendBox(dc.world, left, top, right, bottom, dc.scratch);
+    if (dc.world.straight) {
+        FillBoxInside(dc, dc.world.ToDevice(left, top), dc.world.ToDevice(right, bottom));
+    } else {
+        FillInside(dc, dc.scratch);
+    }
+    Stroke(dc, dc.scratch);
+    return TRUE;
+}
+
+} // namespace
+
+BOOL Rectangle(HDC handle, int left, int top, int right, int bottom)
+{
+    DeviceContext* const dc = FindDc(handle);
+    if (dc == nullptr) {
+        return FALSE;
+    }
+    Trace(*dc, "Rectangle %d %d %d %d", left, top, right, bottom);
+    if (left > right) {
+        std::swap(left, right);
+    }
+    if (top > bottom) {
+        std::swap(top, bottom);
+    }
+    if (dc->graphicsMode == GM_COMPATIBLE) {
+        if (left == right || top == bottom) {
+            return TRUE; // nothing lies before the excluded edges
+        }
+        --right;
+        --bottom;
+    }
+    return WithMemory([&] { return DrawRectangle(*dc, left, top, right, bottom); });
+}

@@ -1,0 +1,156 @@
+/// Handles and the slots behind them.
+#pragma once
+
+#include <cstdint>
+#include <new>
+
+class CObject;
+
+namespace gdi {
+
+enum class Kind : uint8_t
+{
+    Dc = 1,
+    Pen,
+    Brush,
+    Font,
+    Bitmap,
+    Palette,
+    Window
+};
+
+/// What every slot begins with. A handle is kind (8 bits), generation (32) and slot (24) in one word; the slot
+/// remembers the word it answers to, so that checking a handle is one comparison.
+struct Slot
+{
+    uint64_t handle = 0;      ///< 0 while the slot is free
+    uint32_t generation = 0;  ///< grows with every use of the slot
+    uint32_t nextFree = 0;    ///< 0 ends the list
+    uint32_t references = 0;  ///< device contexts that have the object selected
+    bool condemned = false;   ///< deleted while selected: freed with the last reference
+    bool stock = false;       ///< never freed, never counted
+    CObject* owner = nullptr; ///< the wrapper that owns the handle
+};
+
+inline uint64_t HandleBits(const void* handle)
+{
+    return reinterpret_cast<uintptr_t>(handle);
+}
+
+inline Kind HandleKind(const void* handle)
+{
+    return Kind(HandleBits(handle) >> 56);
+}
+
+/// Slots of one kind at addresses that never change. Freed slots are used again, with the buffers that their objects
+/// keep. Constant-initialised and never torn down, so that objects of the host with static storage may outlive
+/// everything else.
+template <class T, Kind kind>
+class HandlePool
+{
+public:
+    static constexpr uint32_t kChunk = sizeof(T) > 256 ? 32 : 256;
+    static constexpr uint32_t kChunks = 4096;
+
+    constexpr HandlePool() = default;
+
+    /// The live object of a handle; null for anything else.
+    T* Find(const void* handle) const
+    {
+        const uint64_t bits = HandleBits(handle);
+        const uint32_t slot = uint32_t(bits & 0xFFFFFF);
+        if (slot >= m_used || slot == 0) {
+            return nullptr;
+        }
+        T& object = At(slot);
+        return object.handle == bits ? &object : nullptr;
+    }
+
+    /// The handle names a slot that was in use once, whatever became of it.
+    bool Covers(const void* handle) const
+    {
+        const uint32_t slot = SlotOf(HandleBits(handle));
+        return slot > 0 && slot < m_used;
+    }
+
+    /// A slot with a new handle; null when there is no memory or no slot left.
+    T* Create()
+    {
+        const uint32_t slot = m_firstFree != 0 ? m_firstFree : Extend();
+        if (slot == 0) {
+            return nullptr;
+        }
+        T& object = At(slot);
+        m_firstFree = object.nextFree;
+        ++object.generation;
+        object.handle = uint64_t(kind) << 56 | uint64_t(object.generation) << 24 | slot;
+        object.references = 0;
+        object.condemned = object.stock = false;
+        object.owner = nullptr;
+        ++m_live;
+        return &object;
+    }
+
+    /// Ends the handle; the object's own resources are the caller's business.
+    void Free(T& object)
+    {
+        const uint32_t slot = SlotOf(object.handle);
+        object.handle = 0;
+        object.nextFree = m_firstFree;
+        m_firstFree = slot;
+        --m_live;
+    }
+
+    void MakeStock(T& object)
+    {
+        object.stock = true;
+        --m_live;
+    }
+
+    uint32_t Live() const { return m_live; } ///< stock objects left out
+
+    template <class Action>
+    void ForEach(Action action) const
+    {
+        for (uint32_t slot = 1; slot < m_used; ++slot) {
+            if (At(slot).handle != 0) {
+                action(At(slot));
+            }
+        }
+    }
+
+    static uint32_t SlotOf(uint64_t handle) { return uint32_t(handle & 0xFFFFFF); }
+
+private:
+    T& At(uint32_t slot) const { return m_chunks[slot / kChunk][slot % kChunk]; }
+
+    /// Puts one more slot on the free list and returns it; 0 when there is none. Slot 0 is never given out.
+    uint32_t Extend()
+    {
+        if (m_used % kChunk == 0) {
+            if (m_used / kChunk >= kChunks) {
+                return 0;
+            }
+            T* const chunk = new (std::nothrow) T[kChunk];
+            if (chunk == nullptr) {
+                return 0;
+            }
+            m_chunks[m_used / kChunk] = chunk;
+            m_used += m_used == 0;
+        }
+        return m_used++;
+    }
+
+    T* m_chunks[kChunks] = {};
+    uint32_t m_used = 0;
+    uint32_t m_firstFree = 0;
+    uint32_t m_live = 0;
+};
+
+template <class Handle>
+Handle MakeHandle(const Slot& slot)
+{
+    return reinterpret_cast<Handle>(uintptr_t(slot.handle));
+}
+
+} // namespace gdi

@@ -1,0 +1,24 @@
+/// Lines for a host that watches the calls on a device context.
+#pragma once
+
+#include "gdi/DeviceContext.h"
+
+#include <string>
+
+namespace gdi {
+
+/// Appends one line in the manner of printf. Memory running out ends in a missing line, not in a failed call.
+void AppendTrace(DeviceContext& dc, const char* format, ...) __attribute__((format(printf, 2, 3)));
+/// The line of a selection that succeeded.
+void TraceSelection(DeviceContext& dc, HGDIOBJ object);
+
+/// One test when nobody watches.
+template <class... Values>
+inline void Trace(DeviceContext& dc, const char* format, Values... values)
+{
+    if (dc.trace != nullptr) {
+        AppendTrace(dc, format, values...);
+    }
+}
+
+} // namespace gdi

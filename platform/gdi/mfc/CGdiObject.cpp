@@ -1,0 +1,113 @@
+/// Wrappers of objects: ownership, and the temporary wrappers of handles without an owner.
+#include "gdi/DeviceContext.h"
+#include "gdi/mfc/devicecontexts.h"
+#include "gdi/mfc/gdiobjects.h"
+#include "gdi/mfc/TemporaryWrappers.h"
+
+using namespace gdi;
+
+namespace {
+
+TemporaryWrappers<CPen> g_pens;
+TemporaryWrappers<CBrush> g_brushes;
+TemporaryWrappers<CFont> g_fonts;
+TemporaryWrappers<CBitmap> g_bitmaps;
+TemporaryWrappers<CPalette> g_palettes;
+
+Slot* FindObject(HGDIOBJ object)
+{
+    switch (HandleKind(object)) {
+    case Kind::Pen:
+        return tables.pens.Find(object);
+    case Kind::Brush:
+        return tables.brushes.Find(object);
+    case Kind::Font:
+        return tables.fonts.Find(object);
+    case Kind::Bitmap:
+        return tables.bitmaps.Find(object);
+    case Kind::Palette:
+        return tables.palettes.Find(object);
+    default:
+        return nullptr;
+    }
+}
+
+/// Made-up handles get none, so that they cannot fill memory with wrappers.
+template <class Wrapper, class Pool>
+CGdiObject* Temporary(TemporaryWrappers<Wrapper>& wrappers, const Pool& pool, HGDIOBJ object)
+{
+    Wrapper* const wrapper = pool.Covers(object) ? wrappers.At(HandleBits(object)) : nullptr;
+    if (wrapper != nullptr) {
+        wrapper->m_hObject = object;
+    }
+    return wrapper;
+}
+
+CGdiObject* TemporaryOf(HGDIOBJ object)
+{
+    switch (HandleKind(object)) {
+    case Kind::Pen:
+        return Temporary(g_pens, tables.pens, object);
+    case Kind::Brush:
+        return Temporary(g_brushes, tables.brushes, object);
+    case Kind::Font:
+        return Temporary(g_fonts, tables.fonts, object);
+    case Kind::Bitmap:
+        return Temporary(g_bitmaps, tables.bitmaps, object);
+    case Kind::Palette:
+        return Temporary(g_palettes, tables.palettes, object);
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace
+
+CGdiObject::~CGdiObject()
+{
+    DeleteObject();
+}
+
+BOOL CGdiObject::Attach(HGDIOBJ object)
+{
+    if (m_hObject != nullptr || object == nullptr) {
+        return FALSE;
+    }
+    m_hObject = object;
+    if (Slot* const slot = FindObject(object)) {
+        slot->owner = this;
+    }
+    return TRUE;
+}
+
+HGDIOBJ CGdiObject::Detach()
+{
+    const HGDIOBJ object = m_hObject;
+    m_hObject = nullptr;
+    Slot* const slot = FindObject(object);
+    if (slot != nullptr && slot->owner == this) {
+        slot->owner = nullptr;
+    }
+    return object;
+}
+
+BOOL CGdiObject::DeleteObject()
+{
+    return m_hObject != nullptr && ::DeleteObject(Detach());
+}
+
+BOOL CGdiObject::CreateStockObject(int index)
+{
+    return Attach(::GetStockObject(index));
+}
+
+CGdiObject* CGdiObject::FromHandle(HGDIOBJ object)
+{
+    const Slot* const slot = FindObject(object);
+    return slot != nullptr && slot->owner != nullptr ? static_cast<CGdiObject*>(slot->owner) : TemporaryOf(object);
+}
+
+BOOL CBitmap::CreateCompatibleBitmap(CDC* dc, int width, int height)
+{
+    return dc != nullptr && Attach(::CreateCompatibleBitmap(dc->m_hDC, width, height));
+}

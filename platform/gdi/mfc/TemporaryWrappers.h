@@ -1,0 +1,52 @@
+/// Wrappers for handles that no object owns.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <new>
+
+namespace gdi {
+
+/// At most one wrapper for each slot of a handle table, made on first use and reused ever after. Lookups of the slot
+/// asked for last cost a comparison: drawing code asks for the same stock object again and again.
+template <class Wrapper>
+class TemporaryWrappers
+{
+public:
+    constexpr TemporaryWrappers() = default;
+
+    /// The wrapper of the handle's slot, without its handle set; null when memory ran out. The wrapper is never
+    /// destroyed, so it never deletes what it shows.
+    Wrapper* At(uint64_t handle)
+    {
+        const uint32_t slot = uint32_t(handle & 0xFFFFFF);
+        if (m_last == nullptr || slot != m_lastSlot) {
+            m_last = Find(slot);
+            m_lastSlot = slot;
+        }
+        return m_last;
+    }
+
+private:
+    Wrapper* Find(uint32_t slot)
+    {
+        try {
+            if (m_wrappers == nullptr) {
+                m_wrappers = new std::map<uint32_t, Wrapper*>;
+            }
+            Wrapper*& wrapper = (*m_wrappers)[slot];
+            if (wrapper == nullptr) {
+                wrapper = new Wrapper;
+            }
+            return wrapper;
+        } catch (const std::bad_alloc&) {
+            return nullptr;
+        }
+    }
+
+    std::map<uint32_t, Wrapper*>* m_wrappers = nullptr; ///< never freed, as the tables are not
+    Wrapper* m_last = nullptr;
+    uint32_t m_lastSlot = 0;
+};
+
+} // namespace gdi
