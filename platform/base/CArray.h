@@ -40,7 +40,7 @@ KOLM_API INT_PTR GrownCapacity(INT_PTR capacity, INT_PTR needed, INT_PTR growBy)
 
 } // namespace afx
 
-/// Stores or loads elements that lie side by side, for CArray::Serialize; a host may overload it for its own type.
+/// Stores or loads elements that lie side by side, for CArray::Serialize; a host may specialize it for its own type.
 /// Plain records go as their bytes in memory, others through their Serialize or their archive operators. Pointers,
 /// which mean nothing in another process, and types that have none of these raise the not-supported exception.
 template <class TYPE>

@@ -17,10 +17,8 @@ int SystemFlags(UINT openFlags)
 {
     const UINT mode = openFlags & 3;
     int flags = O_CLOEXEC | (mode == CFile::modeRead ? O_RDONLY : mode == CFile::modeWrite ? O_WRONLY : O_RDWR);
-    if (openFlags & CFile::modeCreate) {
-        // Making or emptying a file takes the right to write, whatever mode is asked for afterwards.
+    if (openFlags & CFile::modeCreate)
         flags |= O_CREAT | (openFlags & CFile::modeNoTruncate ? 0 : O_TRUNC);
-    }
     return flags;
 }
 
@@ -138,9 +136,8 @@ ULONGLONG CFile::GetLength() const
 
 void CFile::SetLength(ULONGLONG length)
 {
-    if (length > ULONGLONG(INT64_MAX)) {
+    if (length > ULONGLONG(INT64_MAX))
         AfxThrowFileException(CFileException::diskFull, LONG(ERROR_DISK_FULL), m_path);
-    }
     if (::ftruncate(m_descriptor, off_t(length)) != 0 || ::lseek(m_descriptor, off_t(length), SEEK_SET) < 0)
         ThrowSystemError();
 }

@@ -49,7 +49,8 @@ public:
     CFile(LPCTSTR path, UINT openFlags); ///< open, or raises
     ~CFile() override;                   ///< closes the file; never raises
 
-    /// 1 when open. On failure 0, and `error` (may be null) gets the cause. An open file is closed first.
+    /// 1 when open. On failure 0, and `error` (may be null) gets the cause. An open file is closed first. Directories
+    /// are refused.
     virtual BOOL Open(LPCTSTR path, UINT openFlags, CFileException* error = nullptr);
 
     /// Up to `count` bytes; fewer only at the end of the file.

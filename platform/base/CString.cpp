@@ -47,6 +47,8 @@ int FoundAt(size_t position)
 
 std::string FormatText(LPCSTR format, va_list args)
 {
+    if (!format)
+        AfxThrowInvalidArgException();
     va_list again;
     va_copy(again, args);
     const int length = std::vsnprintf(nullptr, 0, format, again);

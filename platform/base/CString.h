@@ -101,7 +101,8 @@ public:
     CString& TrimRight(LPCSTR characters);
     /// @}
 
-    /// As printf. Arguments may point into this string.
+    /// As printf; a format that is null or cannot be carried out raises invalid argument, and the text stays as it was.
+    /// Arguments may point into this string.
     void Format(LPCSTR format, ...) AFX_PRINTF(2, 3);
     void FormatV(LPCSTR format, va_list args) AFX_PRINTF(2, 0);
     void AppendFormat(LPCSTR format, ...) AFX_PRINTF(2, 3);

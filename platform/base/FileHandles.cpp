@@ -110,6 +110,36 @@ bool IsDirectory(int descriptor)
     return ::fstat(descriptor, &info) == 0 && S_ISDIR(info.st_mode);
 }
 
+/// Moves `count` bytes with the system's read or write, which may do it in pieces. TRUE unless it failed; a read that
+/// meets the end moves fewer. `moved` (may be null) tells how many in any case.
+template <class Byte, class Call>
+BOOL Transfer(HANDLE file, Byte* bytes, DWORD count, LPDWORD moved, const OVERLAPPED* overlapped, Call call)
+{
+    if (moved)
+        *moved = 0;
+    const int descriptor = DescriptorOf(file);
+    if (descriptor < 0)
+        return FALSE;
+    if (overlapped || (!bytes && count > 0)) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    for (DWORD done = 0; done < count;) {
+        const ssize_t step = call(descriptor, bytes + done, count - done);
+        if (step < 0 && errno != EINTR) {
+            SetLastError(afx::ErrorFromErrno(errno));
+            return FALSE;
+        }
+        if (step == 0)
+            break;
+        if (step > 0)
+            done += DWORD(step);
+        if (moved)
+            *moved = done;
+    }
+    return TRUE;
+}
+
 } // namespace
 
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES* security, DWORD disposition, DWORD,
@@ -142,50 +172,13 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES* securi
 
 BOOL WriteFile(HANDLE file, LPCVOID bytes, DWORD count, LPDWORD written, OVERLAPPED* overlapped)
 {
-    DWORD done = 0;
-    bool failed = false;
-    const int descriptor = DescriptorOf(file);
-    if (descriptor >= 0 && (overlapped || (!bytes && count > 0))) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        failed = true;
-    }
-    while (descriptor >= 0 && !failed && done < count) {
-        const ssize_t put = ::write(descriptor, static_cast<const BYTE*>(bytes) + done, count - done);
-        if (put >= 0) {
-            done += DWORD(put);
-        } else if (errno != EINTR) {
-            SetLastError(afx::ErrorFromErrno(errno));
-            failed = true;
-        }
-    }
-    if (written)
-        *written = done;
-    return descriptor >= 0 && !failed;
+    const BYTE* from = static_cast<const BYTE*>(bytes);
+    return Transfer(file, from, count, written, overlapped, ::write);
 }
 
 BOOL ReadFile(HANDLE file, LPVOID bytes, DWORD count, LPDWORD read, OVERLAPPED* overlapped)
 {
-    DWORD done = 0;
-    bool failed = false;
-    const int descriptor = DescriptorOf(file);
-    if (descriptor >= 0 && (overlapped || (!bytes && count > 0))) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        failed = true;
-    }
-    while (descriptor >= 0 && !failed && done < count) {
-        const ssize_t got = ::read(descriptor, static_cast<BYTE*>(bytes) + done, count - done);
-        if (got == 0)
-            break;
-        if (got > 0) {
-            done += DWORD(got);
-        } else if (errno != EINTR) {
-            SetLastError(afx::ErrorFromErrno(errno));
-            failed = true;
-        }
-    }
-    if (read)
-        *read = done;
-    return descriptor >= 0 && !failed;
+    return Transfer(file, static_cast<BYTE*>(bytes), count, read, overlapped, ::read);
 }
 
 BOOL CloseHandle(HANDLE handle)
