@@ -17,6 +17,8 @@ CArchive::CArchive(CFile* file, UINT mode, int bufferSize, void* buffer)
 {
     if (!file)
         AfxThrowInvalidArgException();
+    // A caller's buffer that is too small is left alone rather than overrun. Own buffers come from malloc: their bytes
+    // are written before they are read, and clearing them would cost more than a short archive does.
     m_ownsBuffer = !buffer || bufferSize < kLeastBuffer;
     m_buffer = static_cast<BYTE*>(m_ownsBuffer ? std::malloc(m_bufferSize) : buffer);
     if (!m_buffer)
@@ -26,6 +28,7 @@ CArchive::CArchive(CFile* file, UINT mode, int bufferSize, void* buffer)
 
 CArchive::~CArchive()
 {
+    // An archive is often destroyed because something else raised already; a second exception would end the process.
     if (!(m_mode & bNoFlushOnDelete)) {
         try {
             Close();
@@ -74,9 +77,10 @@ void CArchive::Flush()
     if (IsStoring()) {
         RequireStoring();
         WriteBuffer();
-        m_file->Flush();
+        m_file->Flush(); // a file with a buffer of its own passes the bytes on
     } else {
         RequireLoading();
+        // The file stands where reading ahead left it; whoever reads it next expects it where the values ended.
         if (m_loadNext != m_loadEnd)
             m_file->Seek(m_loadNext - m_loadEnd, CFile::current);
         ResetPointers();
@@ -91,6 +95,7 @@ void CArchive::Close()
     Abort();
 }
 
+/// Without a buffer every fast path fails its test and ends in the checks, which then tell that the archive is closed.
 void CArchive::Abort()
 {
     if (m_ownsBuffer)
@@ -102,6 +107,7 @@ void CArchive::Abort()
     m_loadNext = m_loadEnd = nullptr;
 }
 
+/// Hands the stored bytes to the file. When that raises they stay in the buffer, and the caller may try again or abort.
 void CArchive::WriteBuffer()
 {
     if (m_storeNext != m_buffer)
@@ -109,6 +115,7 @@ void CArchive::WriteBuffer()
     ResetPointers();
 }
 
+/// The slow path of storing a number: there is no room, which is also how loading and closed archives arrive here.
 void CArchive::MakeRoom()
 {
     RequireStoring();
@@ -128,7 +135,7 @@ void CArchive::Fill(size_t needed)
         const size_t held = size_t(m_loadEnd - m_loadNext);
         const UINT count = m_file->Read(m_buffer + held, UINT(m_bufferSize - held));
         if (count == 0)
-            Throw(CArchiveException::endOfFile);
+            Throw(CArchiveException::endOfFile); // the bytes of the number that are there stay unread
         m_loadEnd += count;
     }
 }
@@ -138,6 +145,7 @@ UINT CArchive::Read(void* bytes, UINT count)
     RequireLoading();
     BYTE* to = static_cast<BYTE*>(bytes);
     UINT missing = count;
+    // Files may answer with less than they were asked for, so the loop ends only when there is nothing at all.
     while (missing > 0) {
         if (m_loadNext == m_loadEnd && missing < m_bufferSize) {
             ResetPointers();
@@ -170,7 +178,7 @@ void CArchive::Write(const void* bytes, UINT count)
     if (count > size_t(m_storeEnd - m_storeNext)) {
         WriteBuffer();
         if (count >= m_bufferSize) {
-            m_file->Write(bytes, count);
+            m_file->Write(bytes, count); // the buffer is empty now, so nothing is overtaken
             return;
         }
     }
@@ -208,6 +216,7 @@ DWORD_PTR CArchive::ReadCount()
     return DWORD_PTR(count64);
 }
 
+/// Any byte but 0 is true: a bool whose memory holds something else would not be a value of its type.
 CArchive& CArchive::operator>>(bool& value)
 {
     BYTE byte;

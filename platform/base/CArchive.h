@@ -109,6 +109,7 @@ private:
         return *this;
     }
 
+    // The slow paths: checks that tell why the fast ones found no room, and traffic with the file.
     void RequireStoring() const;
     void RequireLoading() const;
     [[noreturn]] void Throw(int cause) const;
@@ -117,6 +118,8 @@ private:
     void Fill(size_t needed);
     void ResetPointers();
 
+    // Bytes stored so far end at m_storeNext, bytes to load begin at m_loadNext. The pair of the other direction is
+    // null, both are once the archive is closed.
     BYTE* m_storeNext = nullptr;
     BYTE* m_storeEnd = nullptr;
     const BYTE* m_loadNext = nullptr;

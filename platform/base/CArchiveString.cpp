@@ -11,6 +11,8 @@ namespace {
 // Texts are read in pieces of this many bytes: a promised length costs memory only as the bytes turn up.
 constexpr UINT kStep = 4096;
 
+/// A text longer than its length can say is refused, but only when that many bytes are really there: until then the
+/// end of the archive is the better answer.
 void CheckTextLength(const std::string& text)
 {
     if (text.size() > size_t(INT_MAX))
@@ -31,6 +33,7 @@ std::string ReadNarrow(CArchive& ar, UINT_PTR length)
     return text;
 }
 
+/// Units of two bytes, low byte first. Surrogates may lie on both sides of a step, which the decoder bridges.
 std::string ReadWide(CArchive& ar, UINT_PTR length)
 {
     std::string text;
@@ -106,6 +109,7 @@ CArchive& operator>>(CArchive& ar, CString& text)
     int charSize = 1;
     const UINT_PTR length = AfxReadStringLength(ar, charSize);
     const std::string bytes = charSize == 1 ? ReadNarrow(ar, length) : ReadWide(ar, length);
+    // Only now: until here a failure leaves the caller's text as it was.
     text = CString(bytes.data(), int(bytes.size()));
     return ar;
 }

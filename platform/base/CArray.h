@@ -12,6 +12,7 @@
 
 namespace afx {
 
+/// Whether elements archive themselves: they have a member Serialize(CArchive&).
 template <class T, class = void>
 struct HasSerialize : std::false_type
 {};
@@ -19,6 +20,7 @@ template <class T>
 struct HasSerialize<T, std::void_t<decltype(std::declval<T&>().Serialize(std::declval<CArchive&>()))>> : std::true_type
 {};
 
+/// Whether elements go to archives with << and come back with >>.
 template <class T, class = void>
 struct HasArchiveOperators : std::false_type
 {};
@@ -88,10 +90,13 @@ public:
         std::free(m_data);
     }
 
+    /// @name Sizes, in elements. The upper bound of an empty array is -1.
+    /// @{
     INT_PTR GetSize() const { return m_size; }
     INT_PTR GetCount() const { return m_size; }
     INT_PTR GetUpperBound() const { return m_size - 1; }
     bool IsEmpty() const { return m_size == 0; }
+    /// @}
 
     /// Makes or removes elements at the end. `growBy` 0 or more becomes the least growth from now on; -1 keeps it.
     /// Size 0 gives the memory back.
@@ -99,6 +104,8 @@ public:
     void FreeExtra(); ///< gives back the memory that no element uses
     void RemoveAll() { SetSize(0); }
 
+    /// @name Elements, checked. A reference holds as long as addresses do.
+    /// @{
     TYPE& ElementAt(INT_PTR index) { return m_data[Checked(index)]; }
     const TYPE& ElementAt(INT_PTR index) const { return m_data[Checked(index)]; }
     TYPE& GetAt(INT_PTR index) { return m_data[Checked(index)]; }
@@ -106,6 +113,7 @@ public:
     TYPE& operator[](INT_PTR index) { return m_data[Checked(index)]; }
     const TYPE& operator[](INT_PTR index) const { return m_data[Checked(index)]; }
     void SetAt(INT_PTR index, ARG_TYPE element) { m_data[Checked(index)] = element; }
+    /// @}
 
     TYPE* GetData() { return m_data; } ///< null as long as there never was an element
     const TYPE* GetData() const { return m_data; }
@@ -123,6 +131,7 @@ public:
     void InsertAt(INT_PTR index, ARG_TYPE element, INT_PTR count = 1);
     /// Puts copies of all elements of `source`, which may be this array, before the element at `index`. Null raises.
     void InsertAt(INT_PTR index, const CArray* source);
+    /// Removes `count` elements from `index` on; all of them have to be there. The memory stays for later elements.
     void RemoveAt(INT_PTR index, INT_PTR count = 1);
 
     /// The count (CArchive::WriteCount), then SerializeElements. Loading replaces the elements; when the archive ends
@@ -130,6 +139,7 @@ public:
     void Serialize(CArchive& ar) override;
 
 private:
+    // Plain elements are moved as bytes, and grow in place where the allocator can do that.
     static constexpr bool kPlain = std::is_trivially_copyable_v<TYPE>;
     static_assert(alignof(TYPE) <= alignof(std::max_align_t), "the memory is aligned for ordinary types");
 
@@ -152,6 +162,7 @@ private:
     template <class Source>
     void AppendFrom(INT_PTR count, const Source& sourceAt);
 
+    // m_size elements live in room for m_capacity; the rest is raw memory. No room has no block.
     TYPE* m_data = nullptr;
     INT_PTR m_size = 0;
     INT_PTR m_capacity = 0;
@@ -170,7 +181,7 @@ void CArray<TYPE, ARG_TYPE>::SetSize(INT_PTR newSize, INT_PTR growBy)
         m_size = newSize;
     }
     if (newSize == 0)
-        FreeExtra();
+        FreeExtra(); // many lists of a board are emptied and never filled again
     Reserve(newSize);
     for (; m_size < newSize; ++m_size)
         new (m_data + m_size) TYPE();
@@ -197,7 +208,7 @@ void CArray<TYPE, ARG_TYPE>::SetAtGrow(INT_PTR index, ARG_TYPE element)
         m_data[index] = element;
         return;
     }
-    TYPE copy(element);
+    TYPE copy(element); // may be one of our own, which growing moves
     SetSize(afx::AddSizes(index, 1));
     m_data[index] = std::move(copy);
 }

@@ -5,6 +5,7 @@ namespace {
 // A plain pointer: it is valid before any static of the process is made and after the last one is gone.
 CDynLinkLibrary* g_firstExtension = nullptr;
 
+/// The link that points to an entry, for cutting it out; with null the link at the end, for adding one.
 CDynLinkLibrary** LinkTo(const CDynLinkLibrary* entry)
 {
     CDynLinkLibrary** link = &g_firstExtension;
@@ -31,7 +32,7 @@ void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL)
     if (!state.bInitialized)
         return;
     for (CDynLinkLibrary* entry = g_firstExtension; entry;) {
-        CDynLinkLibrary* next = entry->m_pNextDLL;
+        CDynLinkLibrary* next = entry->m_pNextDLL; // read before the entry may go
         if (entry->m_hModule == state.hModule)
             delete entry;
         entry = next;

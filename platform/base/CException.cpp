@@ -72,6 +72,7 @@ LPCSTR FileSentence(int cause)
     }
 }
 
+/// The sentence behind the file that it is about, as far as that is known.
 CString WithName(LPCSTR sentence, const CString& fileName)
 {
     return fileName.IsEmpty() ? CString(sentence) : fileName + ": " + sentence;
@@ -82,7 +83,7 @@ CString WithName(LPCSTR sentence, const CString& fileName)
 void CException::Delete()
 {
     if (m_autoDelete)
-        delete this;
+        delete this; // its classes are made with new only, by the functions that throw
 }
 
 BOOL CException::GetErrorMessage(LPTSTR text, UINT capacity, UINT* helpContext) const

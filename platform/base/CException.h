@@ -5,6 +5,7 @@
 #include "base/CObject.h"
 #include "base/CString.h"
 
+/// Root of the exceptions; catching a pointer to it catches all of them.
 class KOLM_API CException : public CObject
 {
 public:
@@ -47,6 +48,7 @@ public:
     BOOL GetErrorMessage(LPTSTR text, UINT capacity, UINT* helpContext = nullptr) const override;
 };
 
+/// An archive that cannot go on. Hosts show the message or look at the cause.
 class KOLM_API CArchiveException : public CException
 {
 public:
@@ -57,10 +59,10 @@ public:
         readOnly,         ///< storing into an archive that loads
         endOfFile,        ///< the archive ended before the value did
         writeOnly,        ///< loading from an archive that stores
-        badIndex,
-        badClass,
-        badSchema, ///< the record is not one that the reader knows
-        bufferFull
+        badIndex,         ///< the record names something that is not there
+        badClass,         ///< the record holds an object of another kind
+        badSchema,        ///< the record is not one that the reader knows
+        bufferFull        ///< the record does not fit into what was set aside for it
     };
 
     /// `archiveName` may be null.
@@ -71,6 +73,7 @@ public:
     CString m_strFileName; ///< path of the file below the archive; empty for memory
 };
 
+/// A file that cannot be opened, read or written.
 class KOLM_API CFileException : public CException
 {
 public:
@@ -101,6 +104,7 @@ public:
     CString m_strFileName;
 };
 
+// The ways to raise them. Names may be null; `osError` is a code of GetLastError, or -1.
 [[noreturn]] KOLM_API void AfxThrowMemoryException();
 [[noreturn]] KOLM_API void AfxThrowInvalidArgException();
 [[noreturn]] KOLM_API void AfxThrowNotSupportedException();

@@ -13,6 +13,7 @@ namespace {
 // Calls of the system take sizes that fit a signed word; a transfer is cut into pieces well below that.
 constexpr UINT kPiece = 0x40000000;
 
+/// Open's flags in the system's words. Every file is closed when another program is started: handles are not inherited.
 int SystemFlags(UINT openFlags)
 {
     const UINT mode = openFlags & 3;
@@ -26,6 +27,7 @@ int SystemFlags(UINT openFlags)
 
 CFile::CFile(LPCTSTR path, UINT openFlags)
 {
+    // Made before it is needed, so that one object serves both as the report of Open and as what is thrown.
     CFileException* error = new CFileException;
     if (!CFile::Open(path, openFlags, error))
         throw error;
@@ -37,6 +39,7 @@ CFile::~CFile()
     CFile::Abort();
 }
 
+/// Reads errno first: anything else that is called may change it.
 void CFile::ThrowSystemError() const
 {
     const DWORD code = afx::ErrorFromErrno(errno);
@@ -74,6 +77,7 @@ BOOL CFile::Open(LPCTSTR path, UINT openFlags, CFileException* error)
     return TRUE;
 }
 
+/// Pipes and terminals answer in pieces; the loop makes fewer bytes than asked for mean the end, as for files on disk.
 UINT CFile::Read(void* bytes, UINT count)
 {
     BYTE* to = static_cast<BYTE*>(bytes);
@@ -102,7 +106,7 @@ void CFile::Write(const void* bytes, UINT count)
         if (put < 0 && errno == EINTR)
             continue;
         if (put < 0)
-            ThrowSystemError();
+            ThrowSystemError(); // what was written before stays in the file
         done += UINT(put);
     }
 }
@@ -112,7 +116,7 @@ ULONGLONG CFile::Seek(LONGLONG offset, UINT from)
     const int whence = from == begin ? SEEK_SET : from == current ? SEEK_CUR : SEEK_END;
     const off_t position = ::lseek(m_descriptor, offset, whence);
     if (position < 0 && errno == EBADF)
-        ThrowSystemError();
+        ThrowSystemError(); // not open at all, which is not the fault of the position
     if (position < 0)
         AfxThrowFileException(CFileException::badSeek, -1, m_path);
     return ULONGLONG(position);
@@ -134,6 +138,7 @@ ULONGLONG CFile::GetLength() const
     return ULONGLONG(info.st_size);
 }
 
+/// The position moves to the new end, as the platform's own function leaves it.
 void CFile::SetLength(ULONGLONG length)
 {
     if (length > ULONGLONG(INT64_MAX))
@@ -142,7 +147,7 @@ void CFile::SetLength(ULONGLONG length)
         ThrowSystemError();
 }
 
-void CFile::Flush() {}
+void CFile::Flush() {} // every byte is with the system already
 
 void CFile::Close()
 {

@@ -64,7 +64,8 @@ public:
     void SeekToBegin() { Seek(0, begin); }
     ULONGLONG SeekToEnd() { return Seek(0, end); }
     virtual ULONGLONG GetPosition() const;
-    virtual ULONGLONG GetLength() const;
+    virtual ULONGLONG GetLength() const; ///< in bytes, those included that a buffer still holds back
+    /// Cuts the file or lengthens it with zeros. Files on disk then stand at their end.
     virtual void SetLength(ULONGLONG length);
 
     virtual void Flush(); ///< hands over what the file itself holds back
@@ -77,13 +78,14 @@ public:
     const CString& GetFilePath() const { return m_path; } ///< as it was opened; empty when there is none
 
 protected:
-    [[noreturn]] void ThrowSystemError() const; ///< from errno
+    [[noreturn]] void ThrowSystemError() const; ///< the file exception that errno stands for
+    /// A descriptor of the system that the caller closes; -1 on failure, with the cause in `error` (may be null).
     static int OpenDescriptor(LPCTSTR path, UINT openFlags, CFileException* error);
 
     CString m_path;
 
 private:
-    int m_descriptor = -1;
+    int m_descriptor = -1; ///< the system's number of the open file
 };
 
 /// A file read and written by lines, through the C library's buffer. Text mode (the default) drops a carriage return
@@ -120,7 +122,7 @@ private:
     };
     FILE* Stream(Direction direction) const;
 
-    FILE* m_stream = nullptr;
+    FILE* m_stream = nullptr; ///< null while the file is not open
     mutable Direction m_direction = Direction::None;
     bool m_text = true;
 };

@@ -23,7 +23,7 @@ void CMemFile::Attach(BYTE* block, UINT size, UINT growBytes)
     CMemFile::Close();
     m_block = block;
     m_capacity = block ? size : 0;
-    m_length = growBytes == 0 ? m_capacity : 0;
+    m_length = growBytes == 0 ? m_capacity : 0; // contents to read, or only room to write into
     m_growBytes = growBytes;
     m_ownsBlock = false;
 }
@@ -53,6 +53,7 @@ void CMemFile::Reserve(ULONGLONG size)
         return;
     if (m_growBytes == 0 || size > ULONGLONG(PTRDIFF_MAX) - m_growBytes)
         AfxThrowMemoryException();
+    // Half as much again at least: with a fixed step, writing n bytes would copy in proportion to n squared.
     const ULONGLONG multiple = (size + m_growBytes - 1) / m_growBytes * m_growBytes;
     const ULONGLONG capacity = std::max(multiple, m_capacity + m_capacity / 2);
     m_block = static_cast<BYTE*>(afx::ReallocateArray(m_block, INT_PTR(capacity), 1));
@@ -80,7 +81,7 @@ void CMemFile::Write(const void* bytes, UINT count)
 {
     if (count == 0)
         return;
-    Reserve(m_position + count);
+    Reserve(m_position + count); // raises before anything has changed
     ClearGap();
     std::memcpy(m_block + m_position, bytes, count);
     m_position += count;
@@ -120,6 +121,7 @@ UINT CMemFile::GetBufferPtr(UINT command, UINT count, void** start, void** stop)
     case bufferCheck:
         return bufferDirect;
     case bufferCommit:
+        // Only bytes that a bufferWrite made room for can have been written.
         if (count > m_capacity - std::min(m_position, m_capacity))
             AfxThrowInvalidArgException();
         m_position += count;

@@ -27,6 +27,7 @@ BOOL CStdioFile::Open(LPCTSTR path, UINT openFlags, CFileException* error)
     const int descriptor = OpenDescriptor(name, openFlags, error);
     if (descriptor < 0)
         return FALSE;
+    // The descriptor was opened with the flags of Open and emptied or not by them; these modes never empty a file.
     const UINT mode = openFlags & 3;
     m_stream = ::fdopen(descriptor, mode == modeRead ? "rb" : mode == modeWrite ? "wb" : "r+b");
     if (!m_stream) {
@@ -59,7 +60,7 @@ FILE* CStdioFile::Stream(Direction direction) const
 UINT CStdioFile::Read(void* bytes, UINT count)
 {
     FILE* stream = Stream(Direction::Reading);
-    std::clearerr(stream);
+    std::clearerr(stream); // an end that was met before may have moved since
     const size_t got = std::fread(bytes, 1, count, stream);
     if (got < count && std::ferror(stream))
         ThrowSystemError();
@@ -104,7 +105,7 @@ ULONGLONG CStdioFile::GetLength() const
 
 void CStdioFile::SetLength(ULONGLONG length)
 {
-    Flush();
+    Flush(); // bytes that wait in the buffer would be written behind the cut
     if (length > ULONGLONG(INT64_MAX) || ::ftruncate(::fileno(m_stream), off_t(length)) != 0)
         ThrowSystemError();
     Seek(LONGLONG(length), begin);
@@ -120,7 +121,7 @@ void CStdioFile::Flush()
 void CStdioFile::Close()
 {
     FILE* stream = m_stream;
-    m_stream = nullptr;
+    m_stream = nullptr; // closed even when the last bytes cannot be written
     m_direction = Direction::None;
     if (stream && std::fclose(stream) != 0) // the last bytes are written here, so this is where a full disk shows
         ThrowSystemError();
@@ -151,6 +152,7 @@ BOOL CStdioFile::ReadString(CString& line)
     }
     if (ch == EOF && std::ferror(stream))
         ThrowSystemError();
+    // Only the one before the line feed belongs to the line's end; others are contents.
     if (m_text && ch == '\n')
         if (const int length = line.GetLength(); length > 0 && line[length - 1] == '\r')
             line.Delete(length - 1);

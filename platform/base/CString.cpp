@@ -25,6 +25,7 @@ void CheckGrowth(size_t length, size_t added)
         AfxThrowMemoryException();
 }
 
+// Not the C library's: those look at the locale and take bytes of 128 and above for letters of some code page.
 char LowerOf(char ch)
 {
     return ch >= 'A' && ch <= 'Z' ? char(ch + ('a' - 'A')) : ch;
@@ -35,6 +36,7 @@ char UpperOf(char ch)
     return ch >= 'a' && ch <= 'z' ? char(ch - ('a' - 'A')) : ch;
 }
 
+/// A position cut to the text, its end included.
 size_t ClampedIndex(int index, size_t length)
 {
     return index <= 0 ? 0 : size_t(index) < length ? size_t(index) : length;
@@ -45,6 +47,7 @@ int FoundAt(size_t position)
     return position == std::string::npos ? -1 : int(position);
 }
 
+/// The formatted text, made beside the old one since arguments may point into that. The first pass only measures.
 std::string FormatText(LPCSTR format, va_list args)
 {
     if (!format)
@@ -155,6 +158,8 @@ int CString::ReverseFind(char ch) const
     return FoundAt(m_text.rfind(ch));
 }
 
+/// `start` ends behind the delimiter that ended the piece, or at the end of the text: the last piece is a piece like
+/// any other, and only the call after it finds nothing.
 CString CString::Tokenize(LPCSTR delimiters, int& start) const
 {
     if (start < 0)
@@ -249,6 +254,7 @@ int CString::Replace(char from, char to)
     return changed;
 }
 
+/// Builds the new text from the pieces between the finds. Replacing in place would move the rest once per find.
 int CString::Replace(LPCSTR from, LPCSTR to)
 {
     const std::string old(from ? from : "");
@@ -332,6 +338,8 @@ void CString::AppendFormat(LPCSTR format, ...)
     m_text += added;
 }
 
+/// The room is made by lengthening the text with zeros, so that all of it may be written; the final zero comes for
+/// free.
 LPSTR CString::GetBuffer(int minimum)
 {
     if (size_t(CheckedLength(minimum)) > m_text.size())

@@ -76,6 +76,7 @@ HANDLE Register(int descriptor)
     if (index == table.slots.size())
         table.slots.emplace_back();
     table.slots[index].descriptor = descriptor;
+    // A new generation for each use of the slot: handles of earlier files no longer match.
     return HandleOf(index, ++table.slots[index].generation);
 }
 
@@ -153,6 +154,8 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES* securi
     if (disposition == TRUNCATE_EXISTING && !writes)
         return Fail(ERROR_INVALID_PARAMETER);
 
+    // Asked before opening, which may make the file. Somebody else may do so in between; only the code told to the
+    // caller would then be off.
     struct stat before;
     const bool existed = ::stat(path, &before) == 0;
     const int descriptor = ::open(path, flags | mode | O_CLOEXEC, 0666);
@@ -189,7 +192,7 @@ BOOL CloseHandle(HANDLE handle)
     if (!slot)
         return FALSE;
     const int descriptor = slot->descriptor;
-    slot->descriptor = -1;
+    slot->descriptor = -1; // whatever closing says, the system has let go of the number
     if (::close(descriptor) == 0 || errno == EINTR)
         return TRUE;
     SetLastError(afx::ErrorFromErrno(errno));

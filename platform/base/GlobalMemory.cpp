@@ -82,6 +82,7 @@ HGLOBAL GlobalReAlloc(HGLOBAL handle, SIZE_T bytes, UINT flags)
         return NoMemory();
     if (flags & GMEM_ZEROINIT && bytes > block->size)
         std::memset(static_cast<BYTE*>(memory) + block->size, 0, bytes - block->size);
+    // The table knows blocks by their address, which may have changed.
     Block changed = *block;
     changed.size = bytes;
     table.blocks.erase(handle);
@@ -104,7 +105,7 @@ HGLOBAL GlobalFree(HGLOBAL handle)
     BlockTable& table = Blocks();
     const std::lock_guard<std::mutex> guard(table.mutex);
     if (!FindBlock(table, handle))
-        return handle;
+        return handle; // refused: freeing it anyway would free somebody else's memory
     table.blocks.erase(handle);
     std::free(handle);
     return nullptr;

@@ -10,6 +10,7 @@ thread_local DWORD t_lastError = NO_ERROR;
 
 using SteadyClock = std::chrono::steady_clock;
 
+// When the library was loaded, which for a host that links it is when the process began.
 const SteadyClock::time_point g_processStart = SteadyClock::now();
 
 } // namespace
@@ -37,6 +38,7 @@ int MulDiv(int number, int numerator, int denominator)
     const LONGLONG product = LONGLONG(number) * numerator;
     const ULONGLONG magnitude = product < 0 ? ULONGLONG(-product) : ULONGLONG(product);
     const ULONGLONG divisor = ULONGLONG(denominator < 0 ? -LONGLONG(denominator) : denominator);
+    // Rounding works on magnitudes, which takes halves away from zero on both sides.
     const ULONGLONG quotient = (magnitude + divisor / 2) / divisor;
     const bool negative = (product < 0) != (denominator < 0);
     if (quotient > ULONGLONG(INT_MAX))

@@ -14,6 +14,7 @@ struct ErrorName
     DWORD code;
 };
 
+// Several of the system's reasons share a code; those without a row are a general failure.
 const ErrorName kErrorNames[] = {
     {ENOENT, ERROR_FILE_NOT_FOUND},     {ENOTDIR, ERROR_PATH_NOT_FOUND},     {ENAMETOOLONG, ERROR_PATH_NOT_FOUND},
     {ELOOP, ERROR_PATH_NOT_FOUND},      {EMFILE, ERROR_TOO_MANY_OPEN_FILES}, {ENFILE, ERROR_TOO_MANY_OPEN_FILES},
@@ -29,6 +30,7 @@ struct CauseName
     int cause;
 };
 
+// The platform's file class groups the codes more coarsely still.
 const CauseName kCauseNames[] = {
     {NO_ERROR, CFileException::none},
     {ERROR_FILE_NOT_FOUND, CFileException::fileNotFound},

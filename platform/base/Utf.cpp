@@ -16,6 +16,7 @@ bool IsLowSurrogate(uint32_t unit)
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
+/// One to four bytes: the first tells their number in its leading ones, the others carry six bits each below "10".
 void PutCodePoint(uint32_t code, std::string& out)
 {
     if (code < 0x80) {
@@ -39,6 +40,7 @@ void PutCodePoint(uint32_t code, std::string& out)
 
 void Utf16Decoder::Put(uint32_t unit, std::string& out)
 {
+    // A pair carries 10 bits in each half, counted from U+10000.
     if (m_high && IsLowSurrogate(unit)) {
         PutCodePoint(0x10000 + ((m_high - 0xD800) << 10) + (unit - 0xDC00), out);
         m_high = 0;
