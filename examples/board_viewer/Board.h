@@ -36,7 +36,8 @@ struct Figure
 
 struct Track
 {
-    Figure figure; ///< a line or an arc
+    Figure figure;      ///< a line or an arc
+    bool isArc = false; ///< as the file says; an arc without a bend is drawn as a line
     int layer = 0;
     int net = 0;
 };

@@ -21,7 +21,8 @@ void ReadLayerTable(const SExpr& item, Board& board)
 Track ReadTrack(const SExpr& item, LayerTable& layers)
 {
     Track track;
-    ReadFigure(item, item.Is("arc") ? "arc" : "line", Placement(), track.figure);
+    track.isArc = item.Is("arc");
+    ReadFigure(item, track.isArc ? "arc" : "line", Placement(), track.figure);
     track.layer = ReadLayer(item, layers);
     track.net = ReadNet(item);
     return track;

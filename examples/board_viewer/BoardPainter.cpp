@@ -1,0 +1,254 @@
+#include "BoardPainter.h"
+
+#include "StrokeFont.h"
+
+#include "entities/CKGeomArc.h"
+#include "entities/CKGeomLine.h"
+#include "entities/CKGeomPolygon.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace viewer {
+
+namespace {
+
+/// Outlines narrower than this many pixels can fall between the pixels' centres; a pen never does.
+constexpr int kThinnestOutline = 2;
+
+/// A thickness as the outline builders take it. Shapes of a damaged archive can hold any number.
+float AsWidth(double thickness)
+{
+    constexpr double kWidest = 1e6; // millimetres
+    return thickness > 0 ? float(std::min(thickness, kWidest)) : 0.0f;
+}
+
+/// Builds the outline of a polygon's area, edge by edge, and keeps the box of its points in pixels.
+class AreaPath
+{
+public:
+    AreaPath(CKPainter& owner, CDC* target) : painter(owner), dc(target) {}
+
+    void Add(const CKGeomContainer& edges)
+    {
+        started = false;
+        for (int i = 0; i < edges.GetCount(); ++i) {
+            CKGeom* edge = edges.GetAt(i);
+            if (edge && edge->GetType() == 2)
+                AddLine(static_cast<CKGeomLine&>(*edge));
+            else if (edge && edge->GetType() == 3)
+                AddArc(static_cast<CKGeomArc&>(*edge));
+        }
+    }
+
+    /// Whether the area may fall between the pixels' centres.
+    bool IsThin() const { return right - left < kThinnestOutline || top - bottom < kThinnestOutline; }
+    /// Of the widest edge, in millimetres.
+    double Border() const { return border; }
+
+private:
+    void AddLine(CKGeomLine& line)
+    {
+        Reach(line.GetStartX() + line.GetOffsetX(), line.GetStartY() + line.GetOffsetY());
+        Reach(line.GetEndX() + line.GetOffsetX(), line.GetEndY() + line.GetOffsetY());
+        border = std::max(border, line.GetThickness());
+    }
+
+    void AddArc(CKGeomArc& arc)
+    {
+        const double dx = arc.GetOffsetX(), dy = arc.GetOffsetY();
+        Reach(arc.GetStartX() + dx, arc.GetStartY() + dy);
+        painter.AddArcPath(dc, arc.GetStartX(), arc.GetStartY(), arc.GetEndX(), arc.GetEndY(), arc.GetCenterX(),
+                           arc.GetCenterY(), arc.IsCCW(), dx, dy, 0, 0, 0, 0);
+        last = painter.TranslateCoord(arc.GetEndX() + dx, arc.GetEndY() + dy);
+        Grow(last);
+        border = std::max(border, arc.GetThickness());
+    }
+
+    /// Draws on to a point. Edges of far less than a pixel are common in filled zones and add nothing.
+    void Reach(double x, double y)
+    {
+        const KPoint point = painter.TranslateCoord(x, y);
+        if (!started)
+            dc->MoveTo(point.x, point.y);
+        else if (point.x != last.x || point.y != last.y)
+            dc->LineTo(point.x, point.y);
+        started = true;
+        last = point;
+        Grow(point);
+    }
+
+    void Grow(KPoint point)
+    {
+        left = std::min(left, double(point.x));
+        right = std::max(right, double(point.x));
+        bottom = std::min(bottom, double(point.y));
+        top = std::max(top, double(point.y));
+    }
+
+    CKPainter& painter;
+    CDC* dc;
+    bool started = false;
+    KPoint last{};
+    double left = HUGE_VAL, right = -HUGE_VAL, bottom = HUGE_VAL, top = -HUGE_VAL;
+    double border = 0;
+};
+
+} // namespace
+
+BoardPainter::BoardPainter(const BoardPicture& source) : picture(source)
+{
+    for (const auto& layer : picture.layers)
+        shown.push_back(layer.get());
+    Init();
+}
+
+void BoardPainter::ShowLayers(std::vector<const PictureLayer*> layers)
+{
+    shown = std::move(layers);
+    const bool copper =
+        std::any_of(shown.begin(), shown.end(), [](const PictureLayer* layer) { return IsCopper(layer->name); });
+    for (std::string_view name : {kHolesName, kBareHolesName}) {
+        const PictureLayer* holes = picture.Find(name);
+        if (copper && holes && std::find(shown.begin(), shown.end(), holes) == shown.end())
+            shown.push_back(holes);
+    }
+}
+
+int BoardPainter::IsExistData(CWnd*)
+{
+    return 1;
+}
+
+KRectangleD BoardPainter::GetTargetSize()
+{
+    CKRectD box = BoundsOf(picture);
+    if (!box.IsInitialized())
+        return {1, 1, 0, 0}; // nothing to see; any area will do
+    const KPointD centre = box.GetCenter();
+    constexpr double kSmallest = 0.001; // a single point has no size to fit
+    return {std::max(box.GetWidth(), kSmallest), std::max(box.GetHeight(), kSmallest), centre.x, centre.y};
+}
+
+void BoardPainter::DrawBody(CWnd*, CDC* dc)
+{
+    for (const PictureLayer* layer : shown)
+        DrawLayer(dc, *layer);
+}
+
+void BoardPainter::DrawLayer(CDC* dc, const PictureLayer& layer)
+{
+    for (int i = 0; i < layer.shapes.GetCount(); ++i) {
+        CKGeom* shape = layer.shapes.GetAt(i);
+        if (!shape || shape->IsHidden())
+            continue;
+        switch (shape->GetType()) {
+        case 1:
+            DrawTextShape(dc, layer.colour, static_cast<CKGeomText&>(*shape));
+            break;
+        case 2:
+            DrawLineShape(dc, layer.colour, static_cast<CKGeomLine&>(*shape));
+            break;
+        case 3:
+            DrawArcShape(dc, layer.colour, static_cast<CKGeomArc&>(*shape));
+            break;
+        case 6:
+            DrawPolygonShape(dc, layer.colour, static_cast<CKGeomPolygon&>(*shape));
+            break;
+        default:
+            break;
+        }
+    }
+}
+
+void BoardPainter::DrawLineShape(CDC* dc, COLORREF colour, CKGeomLine& line)
+{
+    const double x1 = line.GetStartX() + line.GetOffsetX(), y1 = line.GetStartY() + line.GetOffsetY();
+    const double x2 = line.GetEndX() + line.GetOffsetX(), y2 = line.GetEndY() + line.GetOffsetY();
+    const float width = AsWidth(line.GetThickness());
+    const int pixels = TranslateRate(width);
+    const bool isDisc = x1 == x2 && y1 == y2;
+
+    dc->BeginPath();
+    if (isDisc && pixels <= kThinnestOutline)
+        AddRectanglePath(dc, x1, y1, width, width, 0, 0, 1); // never thinner than two pixels
+    else if (isDisc)
+        AddCirclePath(dc, x1, y1, double(width) / 2, 1);
+    else if (pixels < kThinnestOutline)
+        AddLinePath(dc, x1, y1, x2, y2, 1);
+    else
+        AddLineOutlinePath(dc, x1, y1, x2, y2, width, 1);
+    dc->EndPath();
+
+    if (!isDisc && pixels < kThinnestOutline)
+        StrokePath(dc, pixels, colour);
+    else
+        FillPath(dc, colour);
+}
+
+void BoardPainter::DrawArcShape(CDC* dc, COLORREF colour, CKGeomArc& arc)
+{
+    const double dx = arc.GetOffsetX(), dy = arc.GetOffsetY();
+    const double sx = arc.GetStartX(), sy = arc.GetStartY(), ex = arc.GetEndX(), ey = arc.GetEndY();
+    const double cx = arc.GetCenterX(), cy = arc.GetCenterY();
+    const float width = AsWidth(arc.GetThickness());
+    const int pixels = TranslateRate(width);
+    // The inner edge of an outline turns inside out where the stroke is wider than the arc's circle; a pen is not
+    // troubled by that.
+    const bool byPen = pixels < kThinnestOutline || width >= 2 * std::hypot(sx - cx, sy - cy);
+
+    dc->BeginPath();
+    if (byPen)
+        AddArcPath(dc, sx, sy, ex, ey, cx, cy, arc.IsCCW(), dx, dy, 0, 0, 0, 1);
+    else
+        AddArcOutlinePath(dc, sx, sy, ex, ey, cx, cy, width, arc.IsCCW(), dx, dy, 0, 0, 0);
+    dc->EndPath();
+
+    if (byPen)
+        StrokePath(dc, pixels, colour);
+    else
+        FillPath(dc, colour);
+}
+
+void BoardPainter::DrawPolygonShape(CDC* dc, COLORREF colour, CKGeomPolygon& polygon)
+{
+    AreaPath area(*this, dc);
+    dc->BeginPath();
+    area.Add(*polygon.getOutline());
+    area.Add(*polygon.getHole());
+    dc->EndPath();
+
+    const int border = TranslateRate(AsWidth(area.Border()));
+    if (border > 0 || area.IsThin())
+        StrokeAndFillPath(dc, border, colour);
+    else
+        FillPath(dc, colour);
+}
+
+void BoardPainter::DrawTextShape(CDC* dc, COLORREF colour, CKGeomText& text)
+{
+    const TextStyle style = TextStyle::Of(text);
+    const double x = text.GetX() + text.GetOffsetX(), y = text.GetY() + text.GetOffsetY();
+    const double angle = double(text.GetAngle()) * M_PI / 180;
+    const double c = std::cos(angle), s = std::sin(angle);
+    // Shears, sizes and turns a point of the font. The sign of the width mirrors it about the start of the baseline.
+    const auto place = [&](KPointD point) {
+        const double u = (point.x + style.slant * point.y) * style.width;
+        const double v = point.y * style.height;
+        return TranslateCoord(x + c * u - s * v, y + s * u + c * v);
+    };
+
+    dc->BeginPath();
+    for (const Stroke& stroke : StrokesOfText(static_cast<const char*>(text.GetText()))) {
+        const KPoint first = place(stroke.front());
+        dc->MoveTo(first.x, first.y);
+        for (size_t i = 1; i < stroke.size(); ++i) {
+            const KPoint point = place(stroke[i]);
+            dc->LineTo(point.x, point.y);
+        }
+    }
+    dc->EndPath();
+    StrokePath(dc, TranslateRate(AsWidth(style.thickness)), colour);
+}
+
+} // namespace viewer

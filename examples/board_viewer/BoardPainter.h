@@ -1,0 +1,44 @@
+/// The view of a board: the painter as a host derives it.
+#pragma once
+
+#include "BoardPicture.h"
+
+#include "painter/CKPainter.h"
+
+#include <vector>
+
+class CKGeomArc;
+class CKGeomLine;
+class CKGeomPolygon;
+
+namespace viewer {
+
+/// Draws a picture's layers, each in its colour, on the painter's background. Figures are built as outline paths in the
+/// frame's body and filled; what is thinner than two pixels is stroked, so that it can be seen at every zoom.
+class BoardPainter : public CKPainter
+{
+public:
+    /// The picture is the caller's and has to outlive the painter. Shows all its layers.
+    explicit BoardPainter(const BoardPicture& picture);
+
+    /// Layers to show, in drawing order. Holes are drilled through all copper: where copper is shown and they are not
+    /// in the list, they are drawn on top.
+    void ShowLayers(std::vector<const PictureLayer*> layers);
+
+    void DrawBody(CWnd* wnd, CDC* dc) override;
+    int IsExistData(CWnd* wnd) override;
+    /// The board's outline; see BoundsOf(const BoardPicture&).
+    KRectangleD GetTargetSize() override;
+
+private:
+    void DrawLayer(CDC* dc, const PictureLayer& layer);
+    void DrawLineShape(CDC* dc, COLORREF colour, CKGeomLine& line);
+    void DrawArcShape(CDC* dc, COLORREF colour, CKGeomArc& arc);
+    void DrawPolygonShape(CDC* dc, COLORREF colour, CKGeomPolygon& polygon);
+    void DrawTextShape(CDC* dc, COLORREF colour, CKGeomText& text);
+
+    const BoardPicture& picture;
+    std::vector<const PictureLayer*> shown;
+};
+
+} // namespace viewer

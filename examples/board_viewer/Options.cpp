@@ -1,0 +1,143 @@
+#include "Options.h"
+
+#include "SExpr.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace viewer {
+
+namespace {
+
+constexpr int kLargestPicture = 16384; // pixels a side: a gigabyte of bitmap
+
+std::vector<std::string> SplitAt(char separator, const std::string& text)
+{
+    std::vector<std::string> parts(1);
+    for (char c : text) {
+        if (c == separator)
+            parts.emplace_back();
+        else
+            parts.back() += c;
+    }
+    return parts;
+}
+
+template <class NUMBER>
+bool ParseWhole(const std::string& text, NUMBER& value)
+{
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    return error == std::errc() && stop == end;
+}
+
+PictureSize ParseSize(const std::string& text)
+{
+    const std::vector<std::string> parts = SplitAt('x', text);
+    PictureSize size;
+    const auto isSide = [](int side) { return side >= 1 && side <= kLargestPicture; };
+    if (parts.size() != 2 || !ParseWhole(parts[0], size.width) || !ParseWhole(parts[1], size.height) ||
+        !isSide(size.width) || !isSide(size.height))
+        throw std::runtime_error("--size " + text + ": expected WIDTHxHEIGHT in pixels, each from 1 to " +
+                                 std::to_string(kLargestPicture));
+    return size;
+}
+
+FileArea ParseArea(const std::string& text)
+{
+    const std::vector<std::string> parts = SplitAt(',', text);
+    double values[4] = {};
+    bool good = parts.size() == 4;
+    for (size_t i = 0; good && i < 4; ++i)
+        good = ParseWhole(parts[i], values[i]) && std::fabs(values[i]) <= SExpr::kLargestNumber;
+    const FileArea area = {values[0], values[1], values[2], values[3]};
+    if (!good || area.x1 == area.x2 || area.y1 == area.y2)
+        throw std::runtime_error("--area " + text +
+                                 ": expected X1,Y1,X2,Y2 in millimetres, the two corners of an area");
+    return area;
+}
+
+/// Takes the arguments one after the other.
+class Parser
+{
+public:
+    explicit Parser(const std::vector<std::string>& list) : arguments(list) {}
+
+    Options Parse()
+    {
+        while (next < arguments.size())
+            TakeArgument(arguments[next++]);
+        if (!options.help)
+            Check();
+        return options;
+    }
+
+private:
+    void TakeArgument(const std::string& argument)
+    {
+        if (argument == "--export")
+            options.exportPath = TakeValue(argument);
+        else if (argument == "--archive")
+            options.archivePath = TakeValue(argument);
+        else if (argument == "--size")
+            options.size = ParseSize(TakeValue(argument));
+        else if (argument == "--area")
+            options.area = ParseArea(TakeValue(argument));
+        else if (argument == "--layers")
+            options.layers = SplitAt(',', TakeValue(argument));
+        else if (argument == "--mirror")
+            options.mirror = true;
+        else if (argument == "--info")
+            options.info = true;
+        else if (argument == "--help" || argument == "-h")
+            options.help = true;
+        else if (argument.size() > 1 && argument[0] == '-')
+            throw std::runtime_error("unknown option " + argument);
+        else if (!options.input.empty())
+            throw std::runtime_error("one file at a time: " + options.input + " or " + argument);
+        else
+            options.input = argument;
+    }
+
+    const std::string& TakeValue(const std::string& option)
+    {
+        if (next >= arguments.size() || arguments[next].empty())
+            throw std::runtime_error(option + " needs a value");
+        return arguments[next++];
+    }
+
+    void Check() const
+    {
+        if (options.input.empty())
+            throw std::runtime_error("no board file given; see --help");
+        if (options.exportPath.empty() && options.archivePath.empty() && !options.info)
+            throw std::runtime_error("nothing to do: give --export, --archive or --info");
+        if (!options.exportPath.empty() && !IsPicturePath(options.exportPath))
+            throw std::runtime_error("--export " + options.exportPath + ": the name has to end in .bmp or .jpg");
+    }
+
+    const std::vector<std::string>& arguments;
+    size_t next = 0;
+    Options options;
+};
+
+} // namespace
+
+Options ParseOptions(const std::vector<std::string>& arguments)
+{
+    return Parser(arguments).Parse();
+}
+
+const char* UsageText()
+{
+    return "board_viewer FILE [options]   FILE is a .kicad_pcb board or an archive made by --archive\n"
+           "  --export OUT.bmp|OUT.jpg    write a picture of the board\n"
+           "  --size WxH                  its size in pixels, 1600x1200 by default\n"
+           "  --area X1,Y1,X2,Y2          frame exactly this area, in the file's millimetres (y down)\n"
+           "  --layers A,B,...            only these layers, the last on top\n"
+           "  --mirror                    the board seen from the back\n"
+           "  --archive OUT.kolm          store the board as shapes\n"
+           "  --info                      describe the board as JSON on standard output\n";
+}
+
+} // namespace viewer

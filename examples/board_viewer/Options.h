@@ -1,0 +1,32 @@
+/// The command line of board_viewer.
+#pragma once
+
+#include "PictureExport.h"
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace viewer {
+
+struct Options
+{
+    std::string input;
+    std::string exportPath;  ///< empty: no picture
+    std::string archivePath; ///< empty: no archive
+    PictureSize size;
+    std::optional<FileArea> area;
+    std::vector<std::string> layers; ///< empty: all
+    bool mirror = false;
+    bool info = false;
+    bool help = false;
+};
+
+/// Arguments without the program's name. Throws std::runtime_error, whose text names the argument at fault.
+Options ParseOptions(const std::vector<std::string>& arguments);
+
+/// The calls, for --help.
+const char* UsageText();
+
+} // namespace viewer

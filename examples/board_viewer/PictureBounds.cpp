@@ -1,0 +1,115 @@
+#include "BoardPicture.h"
+
+#include "entities/CKGeomArc.h"
+#include "entities/CKGeomLine.h"
+#include "entities/CKGeomPolygon.h"
+
+#include <cmath>
+
+namespace viewer {
+
+namespace {
+
+/// Gathers bounds. Shapes of a damaged archive can hold any number: what lies beyond a kilometre has no place in a
+/// view.
+class Bounds
+{
+public:
+    explicit Bounds(bool countThickness) : withThickness(countThickness) {}
+
+    void Add(CKGeom& shape)
+    {
+        if (shape.GetType() == 2)
+            AddLine(static_cast<CKGeomLine&>(shape));
+        else if (shape.GetType() == 3)
+            AddArc(static_cast<CKGeomArc&>(shape));
+        else if (shape.GetType() == 6)
+            AddAll(*static_cast<CKGeomPolygon&>(shape).getOutline());
+    }
+
+    void AddAll(const CKGeomContainer& shapes)
+    {
+        for (int i = 0; i < shapes.GetCount(); ++i) {
+            if (CKGeom* shape = shapes.GetAt(i); shape && shape->GetType() != 6)
+                Add(*shape);
+        }
+    }
+
+    CKRectD box;
+
+private:
+    void AddLine(CKGeomLine& line)
+    {
+        AddPoint(line.GetStartX(), line.GetStartY(), line.GetThickness());
+        AddPoint(line.GetEndX(), line.GetEndY(), line.GetThickness());
+    }
+
+    void AddArc(CKGeomArc& arc)
+    {
+        const double cx = arc.GetCenterX(), cy = arc.GetCenterY();
+        const double radius = std::hypot(arc.GetStartX() - cx, arc.GetStartY() - cy);
+        AddPoint(arc.GetStartX(), arc.GetStartY(), arc.GetThickness());
+        AddPoint(arc.GetEndX(), arc.GetEndY(), arc.GetThickness());
+
+        const double from = std::atan2(arc.GetStartY() - cy, arc.GetStartX() - cx);
+        const double to = std::atan2(arc.GetEndY() - cy, arc.GetEndX() - cx);
+        const double sweep = arc.IsCCW() ? Turn(from, to) : Turn(to, from);
+        // The four outermost points of the circle, as far as the arc passes them. Equal ends are a whole circle.
+        constexpr double kOutermost[4][2] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
+        for (int quarter = 0; quarter < 4; ++quarter) {
+            const double direction = quarter * M_PI / 2;
+            const double way = arc.IsCCW() ? Turn(from, direction) : Turn(direction, from);
+            if (sweep == 0 || way <= sweep)
+                AddPoint(cx + radius * kOutermost[quarter][0], cy + radius * kOutermost[quarter][1],
+                         arc.GetThickness());
+        }
+    }
+
+    static double Turn(double from, double to)
+    {
+        const double turn = std::fmod(to - from, 2 * M_PI);
+        return turn < 0 ? turn + 2 * M_PI : turn;
+    }
+
+    void AddPoint(double x, double y, double thickness)
+    {
+        constexpr double kFarthest = 1e6;
+        const double reach = withThickness ? thickness / 2 : 0;
+        if (!(std::fabs(x) <= kFarthest) || !(std::fabs(y) <= kFarthest) || !(std::fabs(reach) <= kFarthest))
+            return;
+        box.MergePoint(x - reach, y - reach);
+        box.MergePoint(x + reach, y + reach);
+    }
+
+    bool withThickness;
+};
+
+} // namespace
+
+CKRectD BoundsOf(const PictureLayer& layer, bool withThickness)
+{
+    Bounds bounds(withThickness);
+    for (int i = 0; i < layer.shapes.GetCount(); ++i) {
+        if (CKGeom* shape = layer.shapes.GetAt(i))
+            bounds.Add(*shape);
+    }
+    return bounds.box;
+}
+
+CKRectD BoundsOf(const BoardPicture& picture)
+{
+    const PictureLayer* outline = picture.Find(kOutlineName);
+    CKRectD box = outline ? BoundsOf(*outline, false) : CKRectD();
+    if (box.IsInitialized())
+        return box;
+
+    CKRectD all;
+    for (const auto& layer : picture.layers) {
+        CKRectD part = BoundsOf(*layer, true);
+        if (part.IsInitialized())
+            all.Merge(part);
+    }
+    return all;
+}
+
+} // namespace viewer
