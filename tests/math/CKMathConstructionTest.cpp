@@ -1,0 +1,144 @@
+#include "entities/CKGeomArc.h"
+#include "math/CKMath.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <random>
+
+namespace {
+
+void ExpectPoint(KPointD p, double x, double y, const char* why)
+{
+    EXPECT_EQ(p.x, x) << why;
+    EXPECT_EQ(p.y, y) << why;
+}
+
+void ExpectNear(KPointD p, double x, double y, double tolerance, const char* why)
+{
+    EXPECT_NEAR(p.x, x, tolerance) << why;
+    EXPECT_NEAR(p.y, y, tolerance) << why;
+}
+
+} // namespace
+
+TEST(CKMathConstruction, FootOfThePerpendicular)
+{
+    ExpectPoint(CKMath::GetDistanceInfiniteLinePoint(0, 0, 10000, 0.5, 3, 7), 3, 0, "flat within the tolerance");
+    ExpectPoint(CKMath::GetDistanceInfiniteLinePoint(0, 0, 10000, 1, 3, 7), 3, 0, "exactly at the tolerance");
+    EXPECT_NE(CKMath::GetDistanceInfiniteLinePoint(0, 0, 10000, 1.01, 3, 7).y, 0.0) << "just steeper";
+    ExpectPoint(CKMath::GetDistanceInfiniteLinePoint(5, 6, 5, 6, 1, 2), 1, 6, "a line of no length");
+    ExpectPoint(CKMath::GetDistanceInfiniteLinePoint(4, 0, 4, 2, 9, 5), 4, 5, "vertical");
+    ExpectPoint(CKMath::GetDistanceInfiniteLinePoint(0, 0, 2, 2, 3, 1), 2, 2, "diagonal");
+    const KPointD zeros[] = {CKMath::GetDistanceInfiniteLinePoint(-1, -0.0, 1, -0.0, -0.0, 3),
+                             CKMath::GetDistanceInfiniteLinePoint(0, -1, 0, 1, -5, -0.0)};
+    for (const KPointD& zero : zeros) {
+        ExpectPoint(zero, 0, 0, "the origin");
+        EXPECT_FALSE(std::signbit(zero.x) || std::signbit(zero.y));
+    }
+}
+
+TEST(CKMathConstruction, NearestPointOfASegment)
+{
+    ExpectPoint(CKMath::GetDistanceLinePoint(0, 0, 4, 1, 9, 9), 4, 1, "beyond the second end");
+    ExpectPoint(CKMath::GetDistanceLinePoint(0, 0, 4, 1, -9, 1), 0, 0, "behind the first");
+    ExpectPoint(CKMath::GetDistanceLinePoint(0, 0, 4, 4, 1, 1), 1, 1, "on it: P itself");
+    ExpectPoint(CKMath::GetDistanceLinePoint(0, 0, 4, 4, 4, 0), 2, 2, "beside it");
+
+    std::mt19937 random(5);
+    std::uniform_real_distribution<double> coordinate(-50, 50);
+    for (int i = 0; i < 500; ++i) {
+        double c[6];
+        for (double& value : c)
+            value = coordinate(random);
+        const KPointD p = CKMath::GetDistanceLinePoint(c[0], c[1], c[2], c[3], c[4], c[5]);
+        const double least = CKMath::GetDistance(c[0], c[1], c[2], c[3], c[4], c[5]);
+        // Rounding of a foot computed from products of up to 100^3, divided by the squared length.
+        ASSERT_NEAR(std::hypot(p.x - c[4], p.y - c[5]), least, 1e-9) << "round " << i;
+        ASSERT_NEAR(CKMath::GetDistance(c[0], c[1], c[2], c[3], p.x, p.y), 0, 1e-9) << "round " << i;
+    }
+}
+
+TEST(CKMathConstruction, PointsMovedAlongALine)
+{
+    ExpectPoint(CKMath::GetDistancedLinePoint(0, 0, 2, 0, 1), 3, 0, "along +x exactly");
+    ExpectPoint(CKMath::GetDistancedLinePoint(1, 2, 1, 2, 5), 6, 2, "no length: along +x");
+    ExpectPoint(CKMath::GetDistancedLinePoint(3, 1, 4, 7, 0), 4, 7, "no distance: P2 itself");
+    // The steps with 70 decimal digits, rounded per operation.
+    ExpectPoint(CKMath::GetDistancedLinePoint(0, 0, 3, 4, 5), 0x1.8000012b0dd9fp+2, 0x1.ffffff1fb59b8p+2, "to (6, 8)");
+    ExpectPoint(CKMath::GetDistancedLinePoint(0, 0, 3, 4, -5), -0x1.2b0dd9f9fcfa3p-22, 0x1.c094c90ab2ba3p-23, "back");
+    ExpectPoint(CKMath::GetDistancedLinePoint(10.25, -3.5, -7, 22, 1.75), -0x1.fec1300999bfcp+2, 0x1.773122ccacc57p+4,
+                "anywhere");
+
+    ExpectPoint(CKMath::GetDistancedLinePoint(-3, 4, 3, 4, 0, 0, 5), -3, 4, "both ends fit: the first");
+    ExpectPoint(CKMath::GetDistancedLinePoint(0, 9, 3, 4, 0, 0, 5), 3, 4, "the second end");
+    ExpectPoint(CKMath::GetDistancedLinePoint(4, 0, 4, 2, 9, 5, 1), 4, 5, "neither: the foot");
+}
+
+TEST(CKMathConstruction, MirrorImagesAndSquarePoints)
+{
+    // About (0, 0): half a turn of (3, 4) with the error of pi as a float, from 70 decimal digits.
+    ExpectPoint(CKMath::GetSymmetricPoint(-4, 3, 4, -3, 3, 4), -0x1.7ffffd110b447p+1, -0x1.000001199bc4bp+2, "(3, 4)");
+    // The rounding of a right angle is some 4e-8, of a moved point some 1e-7 of its length.
+    ExpectNear(CKMath::GetRightAngleDistancedPoint(1, 0, 0, 1, 0, 2), 1, 2, 3e-7, "left");
+    ExpectNear(CKMath::GetRightAngleDistancedPoint(0, 0, 0, 1, 0, 2), 1, -2, 3e-7, "right");
+    ExpectNear(CKMath::GetRightAngleDistancedPoint(1, 2, 2, 2, 5, 1), 1, 5, 3e-7, "left of upward");
+    struct Case
+    {
+        const char* why;
+        int follow;
+        double py, y;
+    };
+    const Case cases[] = {{"P on the left, followed", 1, 3, 3},
+                          {"P on the left, not followed", 0, 3, -3},
+                          {"P on the right", 1, -3, -3},
+                          {"not followed either", 0, -3, -3}};
+    for (const Case& c : cases)
+        ExpectNear(CKMath::GetRightAngleDistancedPointToPoint(c.follow, 0, 0, 4, 0, 2, c.py), 4, c.y, 5e-7, c.why);
+}
+
+TEST(CKMathConstruction, MirroringTwiceComesBack)
+{
+    std::mt19937 random(6);
+    std::uniform_real_distribution<double> coordinate(-50, 50);
+    for (int i = 0; i < 300; ++i) {
+        double c[6];
+        for (double& value : c)
+            value = coordinate(random);
+        const KPointD image = CKMath::GetSymmetricPoint(c[0], c[1], c[2], c[3], c[4], c[5]);
+        const KPointD back = CKMath::GetSymmetricPoint(c[0], c[1], c[2], c[3], image.x, image.y);
+        const KPointD foot = CKMath::GetDistanceInfiniteLinePoint(c[0], c[1], c[2], c[3], c[4], c[5]);
+        const double reach = std::hypot(c[4] - foot.x, c[5] - foot.y);
+        // Each half turn is off by 8.75e-8 of the reach, along the line and, the second time, back again; the flat-line
+        // rule may put the foot 1e-4 of the run off.
+        const double run = std::fabs(c[2] - c[0]);
+        const double flat = std::fabs(c[3] - c[1]) <= run * 1e-4 ? 1e-2 : 0;
+        ASSERT_NEAR(image.x, 2 * foot.x - c[4], 9e-8 * reach + 1e-8) << "round " << i;
+        ASSERT_NEAR(image.y, 2 * foot.y - c[5], 9e-8 * reach + 1e-8) << "round " << i;
+        ASSERT_NEAR(back.x, c[4], 2e-7 * reach + flat + 1e-7) << "round " << i;
+        ASSERT_NEAR(back.y, c[5], 2e-7 * reach + flat + 1e-7) << "round " << i;
+    }
+}
+
+TEST(CKMathConstruction, ArcsFromThreePoints)
+{
+    std::unique_ptr<CKGeomArc> arc(CKMath::GenerateArcFromThreePoints(1, 0, 0, 1, -1, 0));
+    EXPECT_EQ(arc->GetStartX(), 1);
+    EXPECT_EQ(arc->GetStartY(), 0);
+    EXPECT_EQ(arc->GetEndX(), -1);
+    EXPECT_EQ(arc->GetEndY(), 0);
+    EXPECT_EQ(arc->GetThickness(), 0);
+    EXPECT_EQ(arc->GetDirection(), -1);
+    EXPECT_NEAR(arc->GetCenterX(), 0, 3e-7);
+    EXPECT_NEAR(arc->GetCenterY(), -1, 3e-7);
+    const CKGeomArc next;
+    EXPECT_EQ(next.GetObjectNumber(), arc->GetObjectNumber() + 1);
+
+    arc.reset(CKMath::GenerateArcFromThreePoints(-1, 0, 0, 1, 1, 0));
+    EXPECT_EQ(arc->GetDirection(), 1) << "the other way round";
+    arc.reset(CKMath::GenerateArcFromThreePoints(0, 0, 1, 1, 2, 2));
+    EXPECT_EQ(arc->GetDirection(), 1) << "P3 beyond P2 on one line";
+    EXPECT_EQ(arc->GetCenterX(), 1) << "P2 on the chord is the centre";
+    EXPECT_EQ(arc->GetCenterY(), 1);
+}
