@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 
 /// Conversions to 32-bit integers that are defined for every input: what lies beyond the range becomes the nearest
 /// bound. A plain cast of such a double, or an overflowing sum, would be undefined.
@@ -11,19 +10,19 @@ inline int SaturatedToInt(double value)
 {
     // Both bounds are exact doubles, and whatever lies between them truncates into the range.
     if (value >= 2147483647.0)
-        return std::numeric_limits<int32_t>::max();
+        return INT32_MAX;
     if (value <= -2147483648.0)
-        return std::numeric_limits<int32_t>::min();
+        return INT32_MIN;
     return value == value ? static_cast<int>(value) : 0;
 }
 
 /// The nearest 32-bit value of a sum or product that was formed in 64 bits.
 inline int SaturatedToInt(int64_t value)
 {
-    if (value > std::numeric_limits<int32_t>::max())
-        return std::numeric_limits<int32_t>::max();
-    if (value < std::numeric_limits<int32_t>::min())
-        return std::numeric_limits<int32_t>::min();
+    if (value > INT32_MAX)
+        return INT32_MAX;
+    if (value < INT32_MIN)
+        return INT32_MIN;
     return static_cast<int>(value);
 }
 
