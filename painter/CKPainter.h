@@ -18,8 +18,7 @@ class CKGeomArray;
 ///  - those without "NoWorldTransform" in their name turn each value v into T(v) = v x scale x pixels per mm + 0.5,
 ///    truncated toward zero, and leave shift, y-flip and mirror to the world transform that is set while DrawBody runs;
 ///  - those named ...NoWorldTransform compute final device pixels themselves (GetTranslatedPhysicalCoord) and expect
-///  the
-///    identity transform, as in DrawEnding.
+///    the identity transform, as in DrawEnding.
 /// Conversions to int saturate: a value beyond the range of int gives its nearest bound and NaN gives 0.
 ///
 /// Ownership: the painter owns its saved frame (device context and bitmap), the cell of its capture bitmap (the cell,
@@ -33,8 +32,8 @@ public:
     /// Reads the pixels per mm from the screen. Scale 1, all other state 0 and no saved frame; call Init next.
     CKPainter();
     CKPainter(const CKPainter& source); ///< copies every member and shares the owned objects
-    CKPainter&
-    operator=(const CKPainter& source); ///< the same; objects held before go free unless another copy has them
+    /// The same; objects held before are freed unless another copy has them.
+    CKPainter& operator=(const CKPainter& source);
 
     // The virtual operations, in the order of their slots, which hosts' binaries depend on.
 
@@ -111,60 +110,62 @@ public:
 
     // ---- Members read and written as they are
 
-    double GetScale();
-    void SetScale(double scale);
-    double GetPixcelPerMM();
-    void SetPixcelPerMM(double pixelsPerMM);
-    double GetLogicalCenterX(); ///< in mirrored form: the negated board x while the board is mirrored
-    double GetLogicalCenterY();
-    KPointD GetLogicalCenterCoord();
+    double GetScale() { return m_scale; }
+    void SetScale(double scale) { m_scale = scale; }
+    double GetPixcelPerMM() { return m_pixelsPerMM; }
+    void SetPixcelPerMM(double pixelsPerMM) { m_pixelsPerMM = pixelsPerMM; }
+    /// In mirrored form: the negated board x while the board is mirrored.
+    double GetLogicalCenterX() { return m_logicalCenterX; }
+    double GetLogicalCenterY() { return m_logicalCenterY; }
+    KPointD GetLogicalCenterCoord() { return {m_logicalCenterX, m_logicalCenterY}; }
     int IsLogicalCenterEmpty(); ///< 1 when the centre's x is the largest finite double, whatever its y
     void SetLogicalCenter(double x, double y);
-    int GetPhysicalCenterX(); ///< the device pixel that shows the logical centre
-    int GetPhysicalCenterY();
+    int GetPhysicalCenterX() { return m_physicalCenterX; } ///< the device pixel that shows the logical centre
+    int GetPhysicalCenterY() { return m_physicalCenterY; }
     void SetPhysicalCenter(int x, int y);
-    void InitPhysicalCenter(); ///< (0, 0)
-    double GetLogicalScreenLeft();
-    double GetLogicalScreenRight();
-    double GetLogicalScreenTop();
-    double GetLogicalScreenBottom();
-    int IsBoardMirrorX(); ///< non-zero: the board is shown mirrored about the y axis
-    void SetBoardMirrorX(int mirror);
-    int IsSimpleDraw(); ///< 1 while the host pans; a hint for drawing code
-    void EnableSimpleDraw();
-    void DisableSimpleDraw();
-    int IsRedraw(); ///< the host's own flag
-    void SetRedraw();
-    void ReleaseRedraw();
-    int IsFinishDraw(); ///< 0 while a frame or a capture of the view is composed, 1 afterwards
-    int GetCaptureMode();
+    void InitPhysicalCenter() { SetPhysicalCenter(0, 0); } ///< (0, 0)
+    double GetLogicalScreenLeft() { return m_screenLeft; }
+    double GetLogicalScreenRight() { return m_screenRight; }
+    double GetLogicalScreenTop() { return m_screenTop; }
+    double GetLogicalScreenBottom() { return m_screenBottom; }
+    int IsBoardMirrorX() { return m_boardMirror; } ///< non-zero: the board is shown mirrored about the y axis
+    void SetBoardMirrorX(int mirror) { m_boardMirror = mirror; }
+    int IsSimpleDraw() { return m_simpleDraw; } ///< 1 while the host pans; a hint for drawing code
+    void EnableSimpleDraw() { m_simpleDraw = 1; }
+    void DisableSimpleDraw() { m_simpleDraw = 0; }
+    int IsRedraw() { return m_redraw; } ///< the host's own flag
+    void SetRedraw() { m_redraw = 1; }
+    void ReleaseRedraw() { m_redraw = 0; }
+    int IsFinishDraw() { return m_finishDraw; } ///< 0 while a frame or a capture of the view is composed, 1 afterwards
+    int GetCaptureMode() { return m_captureMode; }
     /// 0: captures are compatible with the window, 1: monochrome, any other value: no bitmap is made.
-    void SetCaptureMode(int mode);
+    void SetCaptureMode(int mode) { m_captureMode = mode; }
 
     // The saved frame. The setters only store the pointer and the painter owns the new object from then on. The object
     // stored before is not deleted: it goes back to the caller, unless a copy of this painter still holds it.
 
-    CDC* GetSavedDC(); ///< null before the first frame
-    void SetSavedDC(CDC* dc);
-    CBitmap* GetSavedBitmap(); ///< the bitmap selected into the saved device context
-    void SetSavedBitmap(CBitmap* bitmap);
-    double GetSavedDCScale(); ///< this and the next ones: the viewport of the last DrawView
-    void SetSavedDCScale(double scale);
-    KPointD GetSavedDCLogicalCenterCoord();
-    void SetSavedDCLogicalCenterCoord(KPointD center);
-    double GetSavedDCLogicalScreenLeft();
-    double GetSavedDCLogicalScreenRight();
-    double GetSavedDCLogicalScreenTop();
-    double GetSavedDCLogicalScreenBottom();
-    void SetSavedDCLogicalScreenLeft(double left);
-    void SetSavedDCLogicalScreenRight(double right);
-    void SetSavedDCLogicalScreenTop(double top);
-    void SetSavedDCLogicalScreenBottom(double bottom);
+    CDC* GetSavedDC() { return m_savedDC; } ///< null before the first frame
+    void SetSavedDC(CDC* dc) { m_savedDC = dc; }
+    CBitmap* GetSavedBitmap() { return m_savedBitmap; } ///< the bitmap selected into the saved device context
+    void SetSavedBitmap(CBitmap* bitmap) { m_savedBitmap = bitmap; }
+    double GetSavedDCScale() { return m_savedScale; } ///< this and the next ones: the viewport of the last DrawView
+    void SetSavedDCScale(double scale) { m_savedScale = scale; }
+    KPointD GetSavedDCLogicalCenterCoord() { return m_savedCenter; }
+    void SetSavedDCLogicalCenterCoord(KPointD center) { m_savedCenter = center; }
+    double GetSavedDCLogicalScreenLeft() { return m_savedLeft; }
+    double GetSavedDCLogicalScreenRight() { return m_savedRight; }
+    double GetSavedDCLogicalScreenTop() { return m_savedTop; }
+    double GetSavedDCLogicalScreenBottom() { return m_savedBottom; }
+    void SetSavedDCLogicalScreenLeft(double left) { m_savedLeft = left; }
+    void SetSavedDCLogicalScreenRight(double right) { m_savedRight = right; }
+    void SetSavedDCLogicalScreenTop(double top) { m_savedTop = top; }
+    void SetSavedDCLogicalScreenBottom(double bottom) { m_savedBottom = bottom; }
 
-    COLORREF GetBackgroundColorForTransparent(); ///< behind frames, captures and pixel-copied transparent texts
-    void SetBackgroundColorForTransparent(COLORREF color);
-    COLORREF GetBackgroundColorForReplacement(); ///< behind opaque texts
-    void SetBackgroundColorForReplacement(COLORREF color);
+    /// Behind frames, captures and pixel-copied transparent texts.
+    COLORREF GetBackgroundColorForTransparent() { return m_backgroundTransparent; }
+    void SetBackgroundColorForTransparent(COLORREF color) { m_backgroundTransparent = color; }
+    COLORREF GetBackgroundColorForReplacement() { return m_backgroundReplacement; } ///< behind opaque texts
+    void SetBackgroundColorForReplacement(COLORREF color) { m_backgroundReplacement = color; }
 
     // ---- Figures. Each is built as a path and stroked or filled with objects made for the call. Lengths and points
     // are logical millimetres; pen widths in pixels come from T(width), and 0 is the one-pixel pen.
@@ -287,9 +288,10 @@ public:
     // ---- Event objects: temporary shapes that the painter owns and the host draws.
 
     void AddEventObject(CKGeom* shape); ///< takes ownership
-    CKGeomArray* GetEventObjects();     ///< null before the first shape and after DeleteEventObjects
-    void DeleteEventObjects();          ///< deletes the array and its shapes, unless a copy still shares it
-    void DeleteEventObjectElements();   ///< deletes the shapes, keeps the array
+    /// Null before the first shape and after DeleteEventObjects.
+    CKGeomArray* GetEventObjects() { return m_eventObjects; }
+    void DeleteEventObjects();        ///< deletes the array and its shapes, unless a copy still shares it
+    void DeleteEventObjectElements(); ///< deletes the shapes, keeps the array
     void DeleteLastEventObject();
     void RemoveLastEventObject(); ///< the caller owns the shape again
 
@@ -302,8 +304,7 @@ public:
     /// size of 0 takes the other's value, two do nothing. The view keeps the captured viewport. The bitmap is the
     /// host's, to delete or to hand to the clipboard: the next capture and the painter's end only drop its handle.
     void Capture(CWnd* wnd, int width, int height, float x1, float y1, float x2, float y2);
-    HBITMAP*
-    GetCaptureBitmap(); ///< the cell of the last captured bitmap; null before, and holding null when none was made
+    HBITMAP* GetCaptureBitmap() { return m_captureBitmap; } ///< the cell of the last captured bitmap; null before
     /// Places the bitmap on the clipboard, which then owns it. Shows a message when it is refused. `wnd` may be null.
     void CopyToClipboardBitmap(void* bitmap, CWnd* wnd);
     /// Writes a bitmap file. Failures are shown in a message; a bad bitmap writes nothing.
@@ -312,24 +313,28 @@ public:
     void SaveToJPG(CString path, HBITMAP bitmap);
 
 private:
+    // Defined in PainterMapping.h for the painter's own sources: every point of every figure passes through them.
     int T(double value) const;
     KPoint D(double x, double y) const;
     double PixelsPerUnit() const { return m_pixelsPerMM * m_scale; }
 
-    void FitArea(int width, int height, double centerX, double centerY, double areaWidth, double areaHeight,
-                 double ratio);
-    void PrepareFrame(CDC* dc, CDC* memDC, CBitmap* bitmap, const CRect& rect);
-    void FitFrame(const CRect& rect, int useCaptureArea);
-    void RenewSavedFrame();
-    void RecordSavedViewport();
-    void DrawBodyTransformed(CWnd* wnd, CDC* dc);
-    void DrawShapesOnce(CKGeomArray* first, CKGeomArray* second, const COLORREF* color);
-    void ShowShapesOverFrame(CWnd* wnd, CKGeomArray* first, CKGeomArray* second, const COLORREF* color);
     void CopyState(const CKPainter& source);
     void ReleaseOwned();
-    void ReleaseSavedDC();
-    void ReleaseSavedBitmap();
+    void ReleaseSavedFrame();
     void ReleaseCaptureCell();
+
+    void FitArea(int width, int height, double centerX, double centerY, double areaWidth, double areaHeight,
+                 double ratio);
+    void DrawCirclePath(CDC* dc, COLORREF color, KPoint center, int radius, int fill);
+    void DrawRectanglePath(CDC* dc, COLORREF color, KPoint center, int halfWidth, int halfHeight, int fill,
+                           int penWidth);
+    void CreateFrame(CDC* dc, CDC* memDC, CBitmap* bitmap, const CRect& rect);
+    void PaintBackground(CDC* dc, const CRect& rect, COLORREF background);
+    void FitFrame(const CRect& rect, int useCaptureArea);
+    void RenewSavedFrame();
+    void ComposeFrame(CWnd* wnd, CDC* dc, const CRect& rect);
+    void DrawBodyTransformed(CWnd* wnd, CDC* dc);
+    void OverlayShapes(CWnd* wnd, CKGeomArray* first, CKGeomArray* second, const COLORREF* color);
     void RenderCapture(CWnd* wnd, CDC* memDC, int width, int height, float x1, float y1, float x2, float y2);
 
     /// A packed bitmap (header, colour table, rows) in global memory that the caller frees; null when the compression

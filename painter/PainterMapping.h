@@ -1,0 +1,25 @@
+#pragma once
+
+// For the painter's own sources: the two conversions that every point passes through, and the only places where logical
+// values become pixels.
+
+#include "foundation/Saturate.h"
+#include "painter/CKPainter.h"
+
+#include <cmath>
+
+/// World-transform pixels: rounded half up toward zero, so -2.6 and -3.4 both become -2 at one pixel per mm.
+inline int CKPainter::T(double value) const
+{
+    return SaturatedToInt(value * m_scale * m_pixelsPerMM + 0.5);
+}
+
+/// Device pixels. The logical centre is in mirrored form already, so only the point's x is negated.
+inline KPoint CKPainter::D(double x, double y) const
+{
+    const double mirroredX = m_boardMirror ? -x : x;
+    const double k = PixelsPerUnit();
+    const double px = std::floor((mirroredX - m_logicalCenterX) * k + m_physicalCenterX + 0.5);
+    const double py = std::floor(m_physicalCenterY - (y - m_logicalCenterY) * k + 0.5);
+    return {SaturatedToInt(px), SaturatedToInt(py)};
+}
