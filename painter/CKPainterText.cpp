@@ -1,0 +1,243 @@
+#include "painter/GdiScope.h"
+#include "painter/PainterMapping.h"
+
+namespace {
+
+constexpr float kPiF = 3.1415927f;
+
+constexpr int kSmallestText = 3;     // pixels; below that nothing can be read
+constexpr double kAnchorShift = 0.8; // of the height: from the anchor down to the bottom of the text box
+constexpr UINT kAlignment = TA_BOTTOM | TA_CENTER;
+constexpr UINT kFormat = DT_SINGLELINE | DT_NOCLIP;
+
+/// Text settings of a device context while one text is drawn; puts them back in the order they were changed.
+class TextSettings
+{
+public:
+    TextSettings(CDC* dc, HFONT font) : m_dc(dc), m_font(font)
+    {
+        if (m_font)
+            m_previousFont = ::SelectObject(dc->m_hDC, m_font);
+    }
+    ~TextSettings()
+    {
+        if (m_font) {
+            ::SelectObject(m_dc->m_hDC, m_previousFont);
+            ::DeleteObject(m_font);
+        }
+        m_dc->SetBkMode(m_previousMode);
+        if (m_opaque)
+            m_dc->SetBkColor(m_previousBackground);
+        m_dc->SetTextColor(m_previousColor);
+        m_dc->SetTextAlign(m_previousAlignment);
+    }
+    TextSettings(const TextSettings&) = delete;
+    TextSettings& operator=(const TextSettings&) = delete;
+
+    void Apply(int transparent, COLORREF background, COLORREF color)
+    {
+        m_opaque = !transparent;
+        m_previousMode = m_dc->SetBkMode(transparent ? TRANSPARENT : OPAQUE);
+        if (m_opaque)
+            m_previousBackground = m_dc->SetBkColor(background);
+        m_previousColor = m_dc->SetTextColor(color);
+        m_previousAlignment = m_dc->SetTextAlign(kAlignment);
+    }
+
+private:
+    CDC* m_dc;
+    HFONT m_font;
+    HGDIOBJ m_previousFont = nullptr;
+    bool m_opaque = false;
+    int m_previousMode = OPAQUE;
+    COLORREF m_previousBackground = 0;
+    COLORREF m_previousColor = 0;
+    UINT m_previousAlignment = 0;
+};
+
+/// A memory device context with a font and then a bitmap of its own, all freed together.
+class TextCanvas
+{
+public:
+    explicit TextCanvas(HDC compatible) : m_dc(::CreateCompatibleDC(compatible)) {}
+    ~TextCanvas()
+    {
+        ReplaceBy(m_bitmap, m_previousBitmap);
+        ReplaceBy(m_font, m_previousFont);
+        if (m_dc)
+            ::DeleteDC(m_dc);
+    }
+    TextCanvas(const TextCanvas&) = delete;
+    TextCanvas& operator=(const TextCanvas&) = delete;
+
+    HDC Handle() const { return m_dc; }
+    void SelectFont(HFONT font) { m_previousFont = Select(m_font = font); }
+    bool SelectBitmap(HBITMAP bitmap)
+    {
+        m_previousBitmap = Select(m_bitmap = bitmap);
+        return bitmap != nullptr;
+    }
+
+private:
+    HGDIOBJ Select(HGDIOBJ object) { return object ? ::SelectObject(m_dc, object) : nullptr; }
+    void ReplaceBy(HGDIOBJ object, HGDIOBJ previous)
+    {
+        if (!object)
+            return;
+        Select(previous);
+        ::DeleteObject(object);
+    }
+
+    HDC m_dc;
+    HGDIOBJ m_font = nullptr;
+    HGDIOBJ m_previousFont = nullptr;
+    HGDIOBJ m_bitmap = nullptr;
+    HGDIOBJ m_previousBitmap = nullptr;
+};
+
+int FontUnits(int points, int pixelsPerInch)
+{
+    return SaturatedDifference(0, ::MulDiv(points, pixelsPerInch, 72));
+}
+
+SIZE GetExtent(HDC dc, const CString& text)
+{
+    SIZE extent = {};
+    ::GetTextExtentPointA(dc, text, text.GetLength(), &extent);
+    return extent;
+}
+
+/// How far the anchor moves: the vector (0, shift) turned by the angle, rounded half up toward zero.
+KPoint GetTurnedShift(float angle, int shift)
+{
+    const double radians = angle * kPiF / 180.0f;
+    return {SaturatedToInt(std::sin(radians) * shift + 0.5), SaturatedToInt(std::cos(radians) * shift + 0.5)};
+}
+
+/// Copies the canvas pixel by pixel. A pixel that has the background colour of the start is where the text is: in a
+/// one-bit canvas the text comes out in that colour exactly when the background set for it is another.
+void CopyText(HDC canvas, HDC target, SIZE extent, KPoint center, COLORREF background, COLORREF textColor)
+{
+    if (extent.cx <= 0)
+        return; // an empty text can still be very high
+    const int left = SaturatedDifference(center.x, extent.cx / 2);
+    const int top = SaturatedDifference(center.y, extent.cy / 2);
+    for (int row = 0; row < extent.cy; ++row) {
+        for (int column = 0; column < extent.cx; ++column) {
+            const COLORREF pixel = ::GetPixel(canvas, column, row);
+            ::SetPixel(target, SaturatedSum(column, left), SaturatedSum(row, top),
+                       pixel == background ? textColor : pixel);
+        }
+    }
+}
+
+} // namespace
+
+HFONT CKPainter::CreateInformationFont(int pointSize)
+{
+    m_informationFont.lfHeight = FontUnits(pointSize, GetScreenCaps(LOGPIXELSY));
+    m_informationFont.lfWidth = m_informationFont.lfHeight;
+    return ::CreateFontIndirectA(&m_informationFont);
+}
+
+void CKPainter::DrawWindowFontText(CDC* dc, int transparent, COLORREF color, CString text, double height, double x,
+                                   double y, float angle)
+{
+    const int pixelHeight = T(height);
+    if (pixelHeight < kSmallestText)
+        return;
+
+    TextSettings settings(dc, CreateInformationFont(pixelHeight));
+    settings.Apply(transparent, m_backgroundReplacement, color);
+
+    KPoint anchor = D(x, y);
+    const int shift = SaturatedToInt(pixelHeight * kAnchorShift);
+    const bool rotated = std::fmod(angle, 360.0f) != 0.0f;
+    const KPoint move = rotated ? GetTurnedShift(angle, shift) : KPoint{0, shift};
+    anchor = {SaturatedSum(anchor.x, move.x), SaturatedSum(anchor.y, move.y)};
+
+    // On a mirrored board upright text would stand on its head; text along the x axis reads the same both ways.
+    float turn = angle;
+    if (m_boardMirror && std::fmod(angle, 180.0f) != 0.0f)
+        turn = static_cast<float>(angle + 180.0);
+
+    const float dx = static_cast<float>(anchor.x);
+    const float dy = static_cast<float>(anchor.y);
+    const XFORM placed = rotated ? GenerateXFormRotated(turn, dx, dy) : GenerateXFormTranslated(dx, dy);
+    ::SetGraphicsMode(dc->m_hDC, GM_ADVANCED);
+    ::SetWorldTransform(dc->m_hDC, &placed);
+    CRect box(0, 0, 0, 0);
+    dc->DrawText(text, &box, kFormat);
+    const XFORM board = GenerateXFormMirrorY(m_boardMirror);
+    ::SetWorldTransform(dc->m_hDC, &board);
+}
+
+void CKPainter::DrawWindowFontTextNoWorldTransform(CDC* dc, int transparent, COLORREF color, CString text, double x,
+                                                   double y, double height)
+{
+    const HDC target = dc->m_hDC;
+    TextCanvas canvas(target);
+    const HDC memory = canvas.Handle();
+    if (!memory)
+        return;
+
+    canvas.SelectFont(::CreateFontA(SaturatedDifference(0, T(height)), 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0,
+                                    0, 0, 0, "Tahoma"));
+    const SIZE extent = GetExtent(memory, text);
+    const KPoint center = D(x, y);
+    if (!canvas.SelectBitmap(::CreateBitmap(extent.cx, extent.cy, 1, 1, nullptr)))
+        return;
+
+    ::SetTextColor(memory, color);
+    const int previousMode = ::SetBkMode(memory, transparent ? TRANSPARENT : OPAQUE);
+    const COLORREF background = ::SetBkColor(memory, transparent ? m_backgroundTransparent : m_backgroundReplacement);
+    ::ExtTextOutA(memory, 0, 0, 0, nullptr, text, static_cast<UINT>(text.GetLength()), nullptr);
+    CopyText(memory, target, extent, center, background, color);
+    ::SetBkMode(memory, previousMode);
+    ::SetBkColor(memory, background);
+}
+
+void CKPainter::DrawTextNoWorldTransform(CDC* dc, COLORREF color, int transparent, CString text, double x, double y,
+                                         double height)
+{
+    DrawWindowFontTextNoWorldTransform(dc, transparent, color, text, x, y, height);
+}
+
+void CKPainter::DrawTextA(CDC* dc, COLORREF color, CString text, double x, double y, double, unsigned int)
+{
+    constexpr int kPoints = 10;
+    constexpr int kDrop = 10; // pixels
+
+    const XFORM identity = GenerateXFormOriginal();
+    ::SetGraphicsMode(dc->m_hDC, GM_ADVANCED);
+    ::SetWorldTransform(dc->m_hDC, &identity);
+
+    // The font stays selected and lives until the next one takes its place, so nobody has to remember it.
+    LOGFONTA record = {};
+    record.lfHeight = record.lfWidth = FontUnits(kPoints, ::GetDeviceCaps(dc->m_hDC, LOGPIXELSY));
+    const HFONT font = ::CreateFontIndirectA(&record);
+    if (font) {
+        ::SelectObject(dc->m_hDC, font);
+        ::DeleteObject(font);
+    }
+
+    dc->SetBkMode(OPAQUE);
+    dc->SetTextColor(color);
+    dc->SetTextAlign(kAlignment);
+    const KPoint point = D(-x, -y);
+    const int below = SaturatedSum(point.y, kDrop);
+    CRect box(point.x, below, point.x, below);
+    dc->DrawText(text, &box, kFormat);
+
+    const XFORM board = GenerateXFormMirrorY(m_boardMirror);
+    ::SetWorldTransform(dc->m_hDC, &board);
+}
+
+KPointD CKPainter::GetTextSize(CDC* dc, CString text)
+{
+    const TextCanvas canvas(dc ? dc->m_hDC : nullptr);
+    if (!canvas.Handle())
+        return {0.0, 0.0};
+    const SIZE extent = GetExtent(canvas.Handle(), text);
+    return {static_cast<double>(extent.cx), static_cast<double>(extent.cy)};
+}
