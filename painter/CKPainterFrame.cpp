@@ -1,0 +1,216 @@
+#include "entities/CKGeomArray.h"
+#include "painter/GdiScope.h"
+#include "painter/PainterMapping.h"
+
+namespace {
+
+constexpr double kFrameRatio = 0.9; // share of the client area that a fitted board fills
+
+/// Exclusive-or drawing on a device context: drawing the same twice leaves no trace.
+class XorScope
+{
+public:
+    explicit XorScope(CDC* dc) : m_dc(dc), m_previous(dc->SetROP2(R2_XORPEN)) {}
+    ~XorScope() { m_dc->SetROP2(m_previous); }
+    XorScope(const XorScope&) = delete;
+    XorScope& operator=(const XorScope&) = delete;
+
+private:
+    CDC* m_dc;
+    int m_previous;
+};
+
+int HasShapes(CKGeomArray* shapes)
+{
+    return shapes && static_cast<int>(shapes->GetSize()) >= 1;
+}
+
+void CopyFrame(CDC* target, CDC* frame, const CRect& rect)
+{
+    ::BitBlt(target->m_hDC, 0, 0, rect.Width(), rect.Height(), frame->m_hDC, 0, 0, SRCCOPY);
+}
+
+/// Draws the visible shapes in their own colours, or all in `*color`. The count is taken once: a shape that removes
+/// elements while it draws runs into the array's own check.
+void DrawShapes(CKPainter* painter, CDC* dc, CKGeomArray* shapes, const COLORREF* color)
+{
+    const int count = shapes ? static_cast<int>(shapes->GetSize()) : 0;
+    for (int i = 0; i < count; ++i) {
+        CKGeom* const shape = shapes->GetAt(i);
+        if (shape && !shape->IsHidden())
+            shape->DrawNoWorldTransform(painter, dc, color ? *color : shape->GetColor());
+    }
+}
+
+} // namespace
+
+// ---- Setting up a frame
+
+void CKPainter::SetupDraw(CDC* dc, CDC* memDC, CBitmap* bitmap, CRect* rect, COLORREF background)
+{
+    CreateFrame(dc, memDC, bitmap, *rect);
+
+    // Both stay selected when they are deleted here: they live on until the contexts let them go.
+    CBrush brush(background);
+    CPen pen(PS_SOLID, 0, background);
+    for (CDC* const context : {dc, memDC}) {
+        context->SelectObject(&brush);
+        context->SelectObject(&pen);
+    }
+    ::Rectangle(memDC->m_hDC, rect->left, rect->top, rect->right, rect->bottom);
+    FitFrame(*rect, 0);
+}
+
+void CKPainter::BackGroundDraw(CDC* dc, CDC* memDC, CBitmap* bitmap, CRect* rect, COLORREF background)
+{
+    CreateFrame(dc, memDC, bitmap, *rect);
+    PaintBackground(memDC, *rect, background);
+    FitFrame(*rect, m_captureAreaSet);
+}
+
+void CKPainter::CreateFrame(CDC* dc, CDC* memDC, CBitmap* bitmap, const CRect& rect)
+{
+    SetPhysicalCenter(rect.right / 2, rect.bottom / 2);
+    memDC->Attach(::CreateCompatibleDC(dc->m_hDC));
+    bitmap->Attach(::CreateCompatibleBitmap(dc->m_hDC, SaturatedDifference(rect.right, rect.left),
+                                            SaturatedDifference(rect.bottom, rect.top)));
+    memDC->SelectObject(bitmap);
+}
+
+void CKPainter::PaintBackground(CDC* dc, const CRect& rect, COLORREF background)
+{
+    CBrush brush(background);
+    CPen pen(PS_SOLID, 0, background);
+    const SelectedObject<CBrush> selectedBrush(dc, &brush);
+    const SelectedObject<CPen> selectedPen(dc, &pen);
+    ::Rectangle(dc->m_hDC, rect.left, rect.top, rect.right, rect.bottom);
+}
+
+void CKPainter::FitFrame(const CRect& rect, int useCaptureArea)
+{
+    const int width = SaturatedDifference(rect.right, rect.left);
+    const int height = SaturatedDifference(rect.bottom, rect.top);
+    if (!IsLogicalCenterEmpty()) {
+        UpdateLogicalScreenSide(width, height);
+    } else if (useCaptureArea) {
+        FitArea(width, height, m_captureCenterX, m_captureCenterY, m_captureWidth, m_captureHeight, kFrameRatio);
+    } else {
+        const KRectangleD target = GetTargetSize();
+        const double centerX = m_boardMirror ? -target.centerX : target.centerX;
+        FitArea(width, height, centerX, target.centerY, target.width, target.height, kFrameRatio);
+    }
+}
+
+void CKPainter::RenewSavedFrame()
+{
+    ReleaseSavedFrame();
+    m_savedDC = new CDC;
+    m_savedBitmap = new CBitmap;
+}
+
+// ---- Composing a frame
+
+void CKPainter::DrawView(CWnd* wnd, CDC* dc)
+{
+    if (!wnd)
+        return;
+
+    m_finishDraw = 0;
+    CRect rect;
+    wnd->GetClientRect(&rect);
+    RenewSavedFrame();
+    SetupDraw(dc, m_savedDC, m_savedBitmap, &rect, m_backgroundTransparent);
+
+    m_savedScale = m_scale;
+    m_savedCenter = GetLogicalCenterCoord();
+    m_savedLeft = m_screenLeft;
+    m_savedRight = m_screenRight;
+    m_savedTop = m_screenTop;
+    m_savedBottom = m_screenBottom;
+
+    ComposeFrame(wnd, dc, rect);
+    m_finishDraw = 1;
+}
+
+void CKPainter::ComposeFrame(CWnd* wnd, CDC* dc, const CRect& rect)
+{
+    if (IsExistData(wnd))
+        DrawBodyTransformed(wnd, m_savedDC);
+    DrawEnding(wnd, m_savedDC);
+    CopyFrame(dc, m_savedDC, rect);
+}
+
+void CKPainter::DrawBodyTransformed(CWnd* wnd, CDC* dc)
+{
+    const WorldTransformScope transform(dc->m_hDC, GenerateXFormMirrorY(m_boardMirror));
+    DrawBody(wnd, dc);
+}
+
+void CKPainter::DrawSavedDC(CWnd* wnd, CDC* dc)
+{
+    if (!wnd || !dc || !m_savedDC)
+        return;
+    CRect rect;
+    wnd->GetClientRect(&rect);
+    CopyFrame(dc, m_savedDC, rect);
+}
+
+void CKPainter::DrawBody(CWnd*, CDC*) {}
+
+void CKPainter::DrawEnding(CWnd*, CDC*) {}
+
+int CKPainter::IsExistData(CWnd*)
+{
+    return 0;
+}
+
+KRectangleD CKPainter::GetTargetSize()
+{
+    return {0.0, 0.0, 0.0, 0.0};
+}
+
+// ---- Shapes
+
+void CKPainter::DrawGeoms(CDC* dc, CKGeomArray* shapes)
+{
+    DrawShapes(this, dc, shapes, nullptr);
+}
+
+void CKPainter::DrawGeoms(CDC* dc, CKGeomArray* shapes, COLORREF color)
+{
+    DrawShapes(this, dc, shapes, &color);
+}
+
+void CKPainter::DrawGeomsAndDrawSavedDC(CWnd* wnd, CKGeomArray* first, CKGeomArray* second)
+{
+    OverlayShapes(wnd, first, second, nullptr);
+}
+
+void CKPainter::DrawGeomsAndDrawSavedDC(CWnd* wnd, CKGeomArray* first, CKGeomArray* second, COLORREF color)
+{
+    OverlayShapes(wnd, first, second, &color);
+}
+
+void CKPainter::OverlayShapes(CWnd* wnd, CKGeomArray* first, CKGeomArray* second, const COLORREF* color)
+{
+    if (!m_savedDC)
+        return;
+    const auto drawBoth = [&] {
+        DrawShapes(this, m_savedDC, first, color);
+        DrawShapes(this, m_savedDC, second, color);
+    };
+
+    if (!wnd) {
+        if (!HasShapes(first) && !HasShapes(second))
+            return;
+        const XorScope exclusiveOr(m_savedDC);
+        drawBoth();
+        return;
+    }
+
+    WindowDC window(wnd);
+    const XorScope exclusiveOr(m_savedDC);
+    drawBoth();
+    DrawSavedDC(wnd, window.Get());
+    drawBoth(); // takes the shapes out of the saved frame again; the window keeps them
+}
