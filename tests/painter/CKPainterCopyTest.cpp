@@ -1,0 +1,183 @@
+#include "BoardPainter.h"
+
+#include "entities/CKGeom.h"
+#include "entities/CKGeomArray.h"
+
+#include <memory>
+
+namespace {
+
+int g_alive = 0;
+
+class CountedShape : public CKGeom
+{
+public:
+    CountedShape() { ++g_alive; }
+    CountedShape(const CountedShape&) = delete;
+    ~CountedShape() override { --g_alive; }
+};
+
+TEST(CKPainterEvents, ArrayLivesFromTheFirstShape)
+{
+    g_alive = 0;
+    {
+        CKPainter painter;
+        painter.DeleteLastEventObject();
+        painter.RemoveLastEventObject();
+        painter.DeleteEventObjectElements();
+        EXPECT_EQ(painter.GetEventObjects(), nullptr);
+
+        CountedShape* const last = new CountedShape;
+        painter.AddEventObject(new CountedShape);
+        painter.AddEventObject(new CountedShape);
+        painter.AddEventObject(last);
+        EXPECT_EQ(painter.GetEventObjects()->GetSize(), 3);
+        EXPECT_EQ(painter.GetEventObjects()->GetAt(2), last);
+        painter.RemoveLastEventObject();
+        EXPECT_EQ(g_alive, 3) << "the caller's again";
+        delete last;
+        painter.DeleteLastEventObject();
+        EXPECT_EQ(g_alive, 1);
+
+        CKGeomArray* const array = painter.GetEventObjects();
+        painter.DeleteEventObjectElements();
+        EXPECT_EQ(g_alive, 0);
+        EXPECT_EQ(painter.GetEventObjects(), array);
+        EXPECT_EQ(array->GetSize(), 0);
+        painter.DeleteLastEventObject();
+
+        painter.DeleteEventObjects();
+        EXPECT_EQ(painter.GetEventObjects(), nullptr);
+        painter.AddEventObject(new CountedShape);
+        EXPECT_EQ(painter.GetEventObjects()->GetSize(), 1);
+    }
+    EXPECT_EQ(g_alive, 0) << "the painter frees what it still has";
+}
+
+TEST(CKPainterCopy, CopiesShareAndTheLastOneFrees)
+{
+    g_alive = 0;
+    TestWindow window(30, 20);
+    CClientDC dc(&window);
+    BoardPainter().DrawView(&window, &dc); // leaves a pen and a brush in the window's context
+    const DWORD objects = CountGdiObjects();
+
+    auto first = std::make_unique<BoardPainter>();
+    first->DrawView(&window, &dc);
+    first->Capture(&window, 10, 10, 0, 0, 5, 5);
+    const HBITMAP captured = *first->GetCaptureBitmap();
+    first->AddEventObject(new CountedShape);
+    auto second = std::make_unique<BoardPainter>(*first);
+    CKPainter third;
+    third.AddEventObject(new CountedShape);
+    third = *second;
+    EXPECT_EQ(g_alive, 1) << "what the target held is freed";
+    third = third;
+    static_cast<CKPainter&>(*first) = third; // back into the same ring
+    EXPECT_EQ(third.GetSavedDC(), first->GetSavedDC());
+    EXPECT_EQ(third.GetEventObjects(), first->GetEventObjects());
+    EXPECT_EQ(third.GetCaptureBitmap(), first->GetCaptureBitmap());
+    EXPECT_EQ(third.GetSavedDCScale(), first->GetSavedDCScale());
+
+    first.reset();
+    EXPECT_EQ(g_alive, 1);
+    EXPECT_NE(third.GetSavedDC()->GetPixel(0, 0), CLR_INVALID);
+    second->DrawView(&window, &dc); // a new frame for this one; the other keeps the old
+    EXPECT_NE(third.GetSavedDC(), second->GetSavedDC());
+    EXPECT_NE(third.GetSavedDC()->GetPixel(0, 0), CLR_INVALID);
+    third.DeleteEventObjects();
+    EXPECT_EQ(g_alive, 1) << "still the other's";
+    EXPECT_EQ(third.GetEventObjects(), nullptr);
+    second.reset();
+    EXPECT_EQ(g_alive, 0);
+
+    third = CKPainter();
+    EXPECT_EQ(third.GetSavedDC(), nullptr);
+    EXPECT_EQ(CountGdiObjects(), objects + 1) << "the captured bitmap is left to the host";
+    EXPECT_EQ(DeleteObject(captured), TRUE);
+}
+
+TEST(CKPainterCopy, SettersOnlyStoreThePointer)
+{
+    TestWindow window(30, 20);
+    CClientDC dc(&window);
+    BoardPainter().DrawView(&window, &dc); // leaves a pen and a brush in the window's context
+    const DWORD objects = CountGdiObjects();
+    {
+        BoardPainter painter;
+        painter.DrawView(&window, &dc);
+        CKPainter copy(painter);
+        CDC* const frame = painter.GetSavedDC();
+        painter.SetSavedDC(new CDC);
+        EXPECT_NE(frame->GetPixel(0, 0), CLR_INVALID) << "not deleted: the copy has it";
+        delete painter.GetSavedDC();
+        painter.SetSavedDC(frame); // two painters hold it again, and it is freed once
+    }
+    {
+        BoardPainter painter;
+        painter.DrawView(&window, &dc);
+        std::unique_ptr<CDC> mine(painter.GetSavedDC());
+        std::unique_ptr<CBitmap> bitmap(painter.GetSavedBitmap());
+        painter.SetSavedDC(nullptr);
+        painter.SetSavedBitmap(nullptr);
+        mine.reset(); // before the bitmap it holds
+    }
+    EXPECT_EQ(CountGdiObjects(), objects);
+}
+
+TEST(CKPainterCopy, CarriesEveryMember)
+{
+    CKPainter source;
+    PlaceView(source, 3.0, 5, 6);
+    source.EnableSimpleDraw();
+    source.SetRedraw();
+    source.SetBoardMirrorX(2);
+    source.SetCaptureMode(1);
+    source.SetLogicalCenter(7, 8);
+    source.SetScale(1.5);
+    source.UpdateLogicalScreenSide(90, 45);
+    source.SetSavedDCScale(9);
+    source.SetSavedDCLogicalCenterCoord({10, 11});
+    source.SetSavedDCLogicalScreenLeft(12);
+    source.SetSavedDCLogicalScreenRight(13);
+    source.SetSavedDCLogicalScreenTop(14);
+    source.SetSavedDCLogicalScreenBottom(15);
+    source.SetBackgroundColorForTransparent(16);
+    source.SetBackgroundColorForReplacement(17);
+
+    CKPainter assigned;
+    assigned = source;
+    for (CKPainter* copy : {&assigned, std::make_unique<CKPainter>(source).release()}) {
+        const double state[] = {double(copy->IsSimpleDraw()),
+                                double(copy->IsRedraw()),
+                                double(copy->IsBoardMirrorX()),
+                                double(copy->GetCaptureMode()),
+                                double(copy->GetPhysicalCenterX()),
+                                double(copy->GetPhysicalCenterY()),
+                                copy->GetLogicalCenterX(),
+                                copy->GetLogicalCenterY(),
+                                copy->GetScale(),
+                                copy->GetPixcelPerMM(),
+                                copy->GetLogicalScreenLeft(),
+                                copy->GetLogicalScreenRight(),
+                                copy->GetLogicalScreenTop(),
+                                copy->GetLogicalScreenBottom(),
+                                copy->GetSavedDCScale(),
+                                copy->GetSavedDCLogicalCenterCoord().x,
+                                copy->GetSavedDCLogicalCenterCoord().y,
+                                copy->GetSavedDCLogicalScreenLeft(),
+                                copy->GetSavedDCLogicalScreenRight(),
+                                copy->GetSavedDCLogicalScreenTop(),
+                                copy->GetSavedDCLogicalScreenBottom(),
+                                double(copy->GetBackgroundColorForTransparent()),
+                                double(copy->GetBackgroundColorForReplacement())};
+        // 90 x 45 pixels at 4.5 to the millimetre, mirrored: x from -17 to 3.
+        const double expected[] = {1, 1, 2, 1, 5, 6, 7, 8, 1.5, 3, -17, 3, 13, 3, 9, 10, 11, 12, 13, 14, 15, 16, 17};
+        for (size_t i = 0; i < std::size(expected); ++i)
+            EXPECT_EQ(state[i], expected[i]) << "field " << i;
+        if (copy != &assigned)
+            delete copy;
+    }
+}
+
+} // namespace
