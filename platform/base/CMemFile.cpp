@@ -110,9 +110,9 @@ void CMemFile::SetLength(ULONGLONG length)
 
 void CMemFile::Close()
 {
+    BYTE* block = Detach();
     if (m_ownsBlock)
-        std::free(m_block);
-    Detach();
+        std::free(block);
 }
 
 UINT CMemFile::GetBufferPtr(UINT command, UINT count, void** start, void** stop)

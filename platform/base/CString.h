@@ -113,6 +113,28 @@ public:
     LPSTR GetBuffer(int minimum = 0);
     void ReleaseBuffer(int length = -1);
 
+    /// @name Comparisons of two strings and of a string beside a plain text, which then is not converted.
+    /// @{
+    friend bool operator==(const CString& a, const CString& b) { return a.Compare(b) == 0; }
+    friend bool operator==(const CString& a, LPCSTR b) { return a.Compare(b) == 0; }
+    friend bool operator==(LPCSTR a, const CString& b) { return 0 == b.Compare(a); }
+    friend bool operator!=(const CString& a, const CString& b) { return a.Compare(b) != 0; }
+    friend bool operator!=(const CString& a, LPCSTR b) { return a.Compare(b) != 0; }
+    friend bool operator!=(LPCSTR a, const CString& b) { return 0 != b.Compare(a); }
+    friend bool operator<(const CString& a, const CString& b) { return a.Compare(b) < 0; }
+    friend bool operator<(const CString& a, LPCSTR b) { return a.Compare(b) < 0; }
+    friend bool operator<(LPCSTR a, const CString& b) { return 0 < b.Compare(a); }
+    friend bool operator>(const CString& a, const CString& b) { return a.Compare(b) > 0; }
+    friend bool operator>(const CString& a, LPCSTR b) { return a.Compare(b) > 0; }
+    friend bool operator>(LPCSTR a, const CString& b) { return 0 > b.Compare(a); }
+    friend bool operator<=(const CString& a, const CString& b) { return a.Compare(b) <= 0; }
+    friend bool operator<=(const CString& a, LPCSTR b) { return a.Compare(b) <= 0; }
+    friend bool operator<=(LPCSTR a, const CString& b) { return 0 <= b.Compare(a); }
+    friend bool operator>=(const CString& a, const CString& b) { return a.Compare(b) >= 0; }
+    friend bool operator>=(const CString& a, LPCSTR b) { return a.Compare(b) >= 0; }
+    friend bool operator>=(LPCSTR a, const CString& b) { return 0 >= b.Compare(a); }
+    /// @}
+
 private:
     static constexpr LPCSTR kBlanks = " \t\n\v\f\r";
     static int Sign(int value) { return (value > 0) - (value < 0); }
@@ -127,25 +149,3 @@ KOLM_API CString operator+(const CString& a, LPCSTR b);
 KOLM_API CString operator+(LPCSTR a, const CString& b);
 KOLM_API CString operator+(const CString& a, char b);
 KOLM_API CString operator+(char a, const CString& b);
-
-// Each comparison for two strings and for a string beside a plain text, so that no side has to be converted.
-#define AFX_STRING_COMPARISON(op)                                                                                      \
-    inline bool operator op(const CString& a, const CString& b)                                                        \
-    {                                                                                                                  \
-        return a.Compare(b) op 0;                                                                                      \
-    }                                                                                                                  \
-    inline bool operator op(const CString& a, LPCSTR b)                                                                \
-    {                                                                                                                  \
-        return a.Compare(b) op 0;                                                                                      \
-    }                                                                                                                  \
-    inline bool operator op(LPCSTR a, const CString& b)                                                                \
-    {                                                                                                                  \
-        return 0 op b.Compare(a);                                                                                      \
-    }
-AFX_STRING_COMPARISON(==)
-AFX_STRING_COMPARISON(!=)
-AFX_STRING_COMPARISON(<)
-AFX_STRING_COMPARISON(>)
-AFX_STRING_COMPARISON(<=)
-AFX_STRING_COMPARISON(>=)
-#undef AFX_STRING_COMPARISON

@@ -165,7 +165,7 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES* securi
         ::close(descriptor);
         return Fail(ERROR_ACCESS_DENIED);
     }
-    const HANDLE handle = Register(descriptor);
+    HANDLE handle = Register(descriptor);
     if (handle == INVALID_HANDLE_VALUE)
         ::close(descriptor);
     else if (disposition == CREATE_ALWAYS || disposition == OPEN_ALWAYS)
