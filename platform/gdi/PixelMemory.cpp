@@ -14,7 +14,7 @@ uint8_t* AllocatePixels(int64_t width, int64_t height, int bitsPerPixel, Surface
         return nullptr;
     }
     const int64_t stride = RowBytes(width, bitsPerPixel);
-    if (stride * height > limit) { // at most 2^33 times 2^31
+    if (height > 0 && stride > limit / height) {
         return nullptr;
     }
     const size_t bytes = size_t(stride * height);

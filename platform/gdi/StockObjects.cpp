@@ -6,6 +6,7 @@
 namespace gdi {
 namespace {
 
+/// The slot may have held another object before: every field has to be set.
 template <class Pool>
 auto MakeStock(Pool& pool)
 {
@@ -22,6 +23,7 @@ Slot* MakeBrush(UINT style, COLORREF color)
     if (brush != nullptr) {
         brush->style = style;
         brush->color = color;
+        brush->hatch = HS_HORIZONTAL;
     }
     return brush;
 }
@@ -31,7 +33,9 @@ Slot* MakePen(int style, COLORREF color)
     Pen* const pen = MakeStock(tables.pens);
     if (pen != nullptr) {
         pen->style = style;
+        pen->width = 0;
         pen->color = color;
+        pen->extended = false;
     }
     return pen;
 }
@@ -112,6 +116,9 @@ Bitmap* InitialBitmap()
         if (made != nullptr) {
             // Without bits: device contexts put their own pixel in its place.
             made->surface = {nullptr, 4, 1, 1, 1};
+            made->memory = nullptr;
+            made->section = made->bottomUp = false;
+            made->holder = nullptr;
         }
     }
     return made;

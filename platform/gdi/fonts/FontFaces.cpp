@@ -28,6 +28,30 @@ FT_Library Library()
     return library;
 }
 
+/// Our own copy of the system's configuration, so that ending it at exit is nobody else's business. Text of objects
+/// that outlive it finds no new faces.
+class Configuration
+{
+public:
+    static FcConfig* Get()
+    {
+        static Configuration configuration;
+        return configuration.m_config;
+    }
+
+private:
+    Configuration() : m_config(FcInitLoadConfigAndFonts()) {}
+    ~Configuration()
+    {
+        if (m_config != nullptr) {
+            FcConfigDestroy(m_config);
+        }
+        m_config = nullptr;
+    }
+
+    FcConfig* m_config;
+};
+
 int SystemWeight(LONG weight)
 {
     if (weight == FW_DONTCARE) {
@@ -48,11 +72,11 @@ FaceFile MatchFile(const LOGFONTA& record)
     FcPatternAddInteger(wanted.get(), FC_WEIGHT, SystemWeight(record.lfWeight));
     FcPatternAddInteger(wanted.get(), FC_SLANT, record.lfItalic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
     FcPatternAddBool(wanted.get(), FC_SCALABLE, FcTrue);
-    FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
+    FcConfigSubstitute(Configuration::Get(), wanted.get(), FcMatchPattern);
     FcDefaultSubstitute(wanted.get());
 
     FcResult result = FcResultNoMatch;
-    const Pattern best(FcFontMatch(nullptr, wanted.get(), &result));
+    const Pattern best(FcFontMatch(Configuration::Get(), wanted.get(), &result));
     FcChar8* path = nullptr;
     int index = 0;
     if (!best || FcPatternGetString(best.get(), FC_FILE, 0, &path) != FcResultMatch) {
@@ -80,7 +104,7 @@ FT_Face OpenFace(const FaceFile& file)
 FT_Face FindFace(const LOGFONTA& record)
 {
     static auto* const faces = new std::map<FaceFile, FT_Face>;
-    if (Library() == nullptr || !FcInit()) {
+    if (Library() == nullptr || Configuration::Get() == nullptr) {
         return nullptr;
     }
     const FaceFile file = MatchFile(record);
