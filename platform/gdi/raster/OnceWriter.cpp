@@ -19,6 +19,12 @@ void OnceWriter::Spans(const Span* spans, size_t count)
     }
 }
 
+void OnceWriter::Rectangle(const Box& box)
+{
+    for (int32_t row = box.top; row < box.bottom; ++row)
+        PassFresh({row, box.left, box.right});
+}
+
 void OnceWriter::Line(const LineRun& run)
 {
     ForEachPixel(run, [this](int32_t x, int32_t y) { PassFresh({y, x, x + 1}); });

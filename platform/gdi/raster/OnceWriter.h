@@ -18,6 +18,7 @@ public:
     void SetTarget(PixelWriter* target) { m_target = target; }
 
     void Spans(const Span* spans, size_t count) override;
+    void Rectangle(const Box& box) override;
     void Line(const LineRun& run) override;
 
 private:

@@ -6,8 +6,7 @@
 namespace gdi {
 namespace {
 
-/// Four pixels at a time; the compiler makes one store of it. Strokes are mostly a few pixels wide, so the last block
-/// overlaps the one before instead of ending pixel by pixel.
+/// Four pixels, which the compiler moves at once.
 struct Block
 {
     uint32_t pixel[4];
@@ -19,11 +18,26 @@ inline void Put(uint32_t* at, const Block& block)
     std::memcpy(at, &block, sizeof(block));
 }
 
+inline Block Toggled(const uint32_t* at, uint32_t mask)
+{
+    Block block;
+    std::memcpy(&block, at, sizeof(block));
+    for (uint32_t& pixel : block.pixel)
+        pixel ^= mask;
+    return block;
+}
+
+// Strokes are mostly a few pixels wide, and how many they are cannot be predicted. So the last block overlaps the one
+// before instead of ending pixel by pixel, and one to three pixels are written as three, some of them the same.
+
 inline void Store(uint32_t* at, int64_t count, uint32_t value)
 {
     if (count < kBlock) {
-        for (; count > 0; --count)
-            *at++ = value;
+        if (count <= 0)
+            return;
+        at[0] = value;
+        at[count >> 1] = value;
+        at[count - 1] = value;
         return;
     }
     const Block block = {{value, value, value, value}};
@@ -37,6 +51,26 @@ inline void Store(uint32_t* at, int64_t count, uint32_t value)
     for (; at < last; at += kBlock)
         Put(at, block);
     Put(last, block);
+}
+
+inline void Toggle(uint32_t* at, int64_t count, uint32_t mask)
+{
+    if (count < kBlock) {
+        if (count <= 0)
+            return;
+        const uint32_t first = at[0] ^ mask; // all are read before the first is written
+        const uint32_t middle = at[count >> 1] ^ mask;
+        const uint32_t last = at[count - 1] ^ mask;
+        at[0] = first;
+        at[count >> 1] = middle;
+        at[count - 1] = last;
+        return;
+    }
+    uint32_t* const last = at + count - kBlock;
+    const Block lastBlock = Toggled(last, mask);
+    for (; at < last; at += kBlock)
+        Put(at, Toggled(at, mask));
+    Put(last, lastBlock);
 }
 
 template <class Format>
@@ -53,18 +87,8 @@ inline void WriteSpan(const StoreFormat& format, const Span& span)
 
 inline void WriteSpan(const XorFormat& format, const Span& span)
 {
-    uint32_t* const row = reinterpret_cast<uint32_t*>(RowOf(format, span.row));
-    uint32_t* at = row + span.left;
-    uint32_t* const end = row + span.right;
-    for (; end - at >= kBlock; at += kBlock) {
-        Block block;
-        std::memcpy(&block, at, sizeof(block));
-        for (uint32_t& pixel : block.pixel)
-            pixel ^= format.mask;
-        Put(at, block);
-    }
-    for (; at < end; ++at)
-        *at ^= format.mask;
+    Toggle(reinterpret_cast<uint32_t*>(RowOf(format, span.row)) + span.left, int64_t(span.right) - span.left,
+           format.mask);
 }
 
 inline void WriteSpan(const Pattern32Format& format, const Span& span)
@@ -193,6 +217,14 @@ void FormatWriter<Format>::Spans(const Span* spans, size_t count)
     const Format format = m_format; // a local one can stay in registers, whatever the pixels alias
     for (const Span* span = spans; span != spans + count; ++span)
         WriteSpan(format, *span);
+}
+
+template <class Format>
+void FormatWriter<Format>::Rectangle(const Box& box)
+{
+    const Format format = m_format;
+    for (int32_t row = box.top; row < box.bottom; ++row)
+        WriteSpan(format, {row, box.left, box.right});
 }
 
 template <class Format>

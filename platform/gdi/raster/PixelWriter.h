@@ -24,8 +24,8 @@ struct LineRun
     int32_t y;
     int64_t count;
     bool steep;        ///< the longer axis is y
-    int32_t majorStep; ///< +1 or -1
-    int32_t minorStep; ///< +1 or -1
+    int64_t majorStep; ///< +1 or -1
+    int64_t minorStep; ///< +1 or -1
     uint64_t fraction;
     uint64_t slope;
 };
@@ -40,7 +40,7 @@ inline void ForEachPixel(const LineRun& run, Pixel pixel)
     for (int64_t left = run.count; left > 0; --left) {
         pixel(static_cast<int32_t>(x), static_cast<int32_t>(y));
         const uint64_t next = fraction + run.slope;
-        const int32_t minor = next < fraction ? run.minorStep : 0;
+        const int64_t minor = next < fraction ? run.minorStep : 0;
         x += run.steep ? minor : run.majorStep;
         y += run.steep ? run.majorStep : minor;
         fraction = next;
@@ -52,6 +52,7 @@ class PixelWriter
 {
 public:
     virtual void Spans(const Span* spans, size_t count) = 0;
+    virtual void Rectangle(const Box& box) = 0;
     virtual void Line(const LineRun& run) = 0;
 
 protected:
@@ -103,6 +104,7 @@ class FormatWriter final : public PixelWriter
 public:
     explicit FormatWriter(const Format& format) : m_format(format) {}
     void Spans(const Span* spans, size_t count) override;
+    void Rectangle(const Box& box) override;
     void Line(const LineRun& run) override;
 
 private:

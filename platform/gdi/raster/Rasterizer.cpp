@@ -9,7 +9,6 @@
 #include "gdi/raster/PolygonFill.h"
 #include "gdi/raster/RasterMath.h"
 #include "gdi/raster/RingSector.h"
-#include "gdi/raster/SpanBuffer.h"
 
 namespace gdi {
 
@@ -168,9 +167,7 @@ void Rasterizer::FillBox(const Box& box, const Ink& ink, const Surface& surface,
     InkWriter inkWriter(ink, surface);
     if (IsEmpty(visible) || !inkWriter.Get())
         return;
-    SpanBuffer spans(*inkWriter.Get());
-    for (int32_t row = visible.top; row < visible.bottom; ++row)
-        spans.Add(row, visible.left, visible.right);
+    inkWriter.Get()->Rectangle(visible);
 }
 
 } // namespace gdi
