@@ -9,27 +9,35 @@ namespace gdi {
 namespace {
 
 /// A disc of the pen around an end of the segment, read by rows.
-///
-/// The rightmost pixel of a row is one nearer to the centre when the circle passes exactly through a pixel's centre,
-/// but for the topmost point. The tables hold that in the sign: ~reach for such a row.
 struct End
 {
     DevicePoint centre;
     int32_t width;
-    const int32_t* table;
+    const RoundEndRow* table;
 
-    int32_t Reach(int64_t row) const
+    RoundEndRow At(int64_t offset) const { return table ? table[offset + width / 2] : RoundEnds::RowOf(width, offset); }
+};
+
+/// A straight edge as EdgeWalk, for runs, rises and widths below kSmall: in steps of 2^-32 of a column. The edge's
+/// exact columns are multiples of 1 / rise, and the start lies half way between two of them; the errors of all rows
+/// together stay below 2^-18, so that no multiple is missed.
+class ShortEdgeWalk
+{
+public:
+    static constexpr int64_t kSmall = int64_t(1) << 12;
+
+    ShortEdgeWalk(int64_t run, int64_t rise, int64_t offset, int64_t row)
     {
-        const int64_t distance = row < 0 ? -row : row;
-        return table ? table[distance] : ReachOf(width, distance);
+        const double scale = 4294967296.0 / static_cast<double>(rise);
+        m_slope = static_cast<int64_t>(static_cast<double>(run) * scale);
+        m_column = static_cast<int64_t>((static_cast<double>(run * row + offset + rise) - 0.5) * scale);
     }
-    static int32_t ReachOf(int64_t width, int64_t distance)
-    {
-        const int64_t square = width * width - 4 * distance * distance;
-        const int64_t reach = FloorSqrt(UInt128(square) / 4);
-        const bool exact = reach > 0 && 4 * reach * reach == square;
-        return static_cast<int32_t>(exact ? ~reach : reach);
-    }
+    int64_t Column() const { return m_column >> 32; }
+    void NextRow() { m_column += m_slope; }
+
+private:
+    int64_t m_column;
+    int64_t m_slope;
 };
 
 /// What decides which rows belong to the straight sides. Rows are counted from the upper end; the sides run along
@@ -44,6 +52,11 @@ struct Sides
     int64_t firstRight, lastRight; ///< rows of the right side
 };
 
+bool IsShort(int64_t across, int64_t rise, int64_t width)
+{
+    return across < ShortEdgeWalk::kSmall && rise < ShortEdgeWalk::kSmall && width < ShortEdgeWalk::kSmall;
+}
+
 /// The sides are where the cross product of segment and pixel is width * length / 2, and the tangent points are
 /// width * run / (2 length) rows from the ends. Pixels have integer products, so rounding those two down loses nothing.
 Sides SidesOf(int64_t run, int64_t rise, int64_t width)
@@ -53,11 +66,11 @@ Sides SidesOf(int64_t run, int64_t rise, int64_t width)
     int64_t onBorder; // 1 when that one is on the border
     int64_t tangentDown;
     int64_t tangentUp; // rows to the tangent point, rounded down and up
-    constexpr int64_t kSmall = int64_t(1) << 12;
-    if (across < kSmall && rise < kSmall && width < kSmall) {
-        // Squares below 2^49: the root is exact when it is an integer, and cannot round up to one otherwise.
+    if (IsShort(across, rise, width)) {
+        // The square of the product is an integer below 2^49, so that its root is far enough from the next integer for
+        // two roundings, and is exact when it is one itself.
         const double length = std::sqrt(static_cast<double>(across * across + rise * rise));
-        const double product = std::sqrt(static_cast<double>(width * width * (across * across + rise * rise))) * 0.5;
+        const double product = static_cast<double>(width) * length * 0.5;
         reach = static_cast<int64_t>(product);
         onBorder = static_cast<double>(reach) == product;
         const double tangent = static_cast<double>(width * across) * 0.5 / length;
@@ -82,7 +95,8 @@ Sides SidesOf(int64_t run, int64_t rise, int64_t width)
     return sides;
 }
 
-/// Rows of the visible part, each with its span; [first, end) in device rows.
+/// The visible rows and their spans. Columns are cut to the clip only where the shape leaves it.
+template <bool kClips>
 class RowFiller
 {
 public:
@@ -90,51 +104,64 @@ public:
         : m_spans(spans), m_first(first), m_end(end), m_clip(clip)
     {}
 
+    // Rows [from, to) of the disc around an end; those outside the visible ones are skipped.
     void LeftOfEnd(const End& end, int64_t from, int64_t to)
     {
-        for (int64_t row = std::max(from, m_first); row < std::min(to, m_end); ++row) {
-            const int32_t reach = end.Reach(row - end.centre.y);
-            SetLeft(row, int64_t(end.centre.x) - (reach < 0 ? ~reach : reach));
+        const int64_t stop = std::min(to, m_end);
+        for (int64_t row = std::max(from, m_first); row < stop; ++row) {
+            Span& span = m_spans[row - m_first];
+            span.row = static_cast<int32_t>(row);
+            span.left = Cut(int64_t(end.centre.x) - end.At(row - end.centre.y).left);
         }
     }
     void RightOfEnd(const End& end, int64_t from, int64_t to)
     {
-        for (int64_t row = std::max(from, m_first); row < std::min(to, m_end); ++row) {
-            const int32_t reach = end.Reach(row - end.centre.y);
-            SetRight(row, int64_t(end.centre.x) + (reach < 0 ? ~reach : reach + 1));
-        }
+        const int64_t stop = std::min(to, m_end);
+        for (int64_t row = std::max(from, m_first); row < stop; ++row)
+            m_spans[row - m_first].right = Cut(int64_t(end.centre.x) + end.At(row - end.centre.y).right);
     }
+
+    template <class Edge>
+    void AllSides(const Sides& sides, const End& upper, const End& lower)
+    {
+        const int64_t top = upper.centre.y;
+        LeftOfEnd(upper, m_first, top + sides.firstLeft);
+        LeftSide<Edge>(sides, upper.centre);
+        LeftOfEnd(lower, top + sides.lastLeft + 1, m_end);
+        RightOfEnd(upper, m_first, top + sides.firstRight);
+        RightSide<Edge>(sides, upper.centre);
+        RightOfEnd(lower, top + sides.lastRight + 1, m_end);
+    }
+
+private:
+    template <class Edge>
     void LeftSide(const Sides& sides, DevicePoint origin)
     {
         const int64_t from = std::max(origin.y + sides.firstLeft, m_first);
         const int64_t to = std::min(origin.y + sides.lastLeft + 1, m_end);
         if (from >= to)
             return;
-        EdgeWalk edge(sides.run, sides.rise, sides.leftOffset, from - origin.y);
-        for (int64_t row = from; row < to; ++row, edge.NextRow())
-            SetLeft(row, origin.x + edge.Column());
+        Edge edge(sides.run, sides.rise, sides.leftOffset, from - origin.y);
+        for (int64_t row = from; row < to; ++row, edge.NextRow()) {
+            Span& span = m_spans[row - m_first];
+            span.row = static_cast<int32_t>(row);
+            span.left = Cut(origin.x + edge.Column());
+        }
     }
+    template <class Edge>
     void RightSide(const Sides& sides, DevicePoint origin)
     {
         const int64_t from = std::max(origin.y + sides.firstRight, m_first);
         const int64_t to = std::min(origin.y + sides.lastRight + 1, m_end);
         if (from >= to)
             return;
-        EdgeWalk edge(sides.run, sides.rise, sides.rightOffset, from - origin.y);
+        Edge edge(sides.run, sides.rise, sides.rightOffset, from - origin.y);
         for (int64_t row = from; row < to; ++row, edge.NextRow())
-            SetRight(row, origin.x + edge.Column());
+            m_spans[row - m_first].right = Cut(origin.x + edge.Column());
     }
-
-private:
-    void SetLeft(int64_t row, int64_t column)
+    int32_t Cut(int64_t column) const
     {
-        Span& span = m_spans[row - m_first];
-        span.row = static_cast<int32_t>(row);
-        span.left = Clamp(column, m_clip.left, m_clip.right);
-    }
-    void SetRight(int64_t row, int64_t column)
-    {
-        m_spans[row - m_first].right = Clamp(column, m_clip.left, m_clip.right);
+        return kClips ? Clamp(column, m_clip.left, m_clip.right) : static_cast<int32_t>(column);
     }
 
     Span* m_spans;
@@ -143,19 +170,46 @@ private:
     Box m_clip;
 };
 
+template <bool kClips>
+void FillRows(const End& upper, const End& lower, RowFiller<kClips> rows, int64_t first, int64_t end)
+{
+    const int64_t run = int64_t(lower.centre.x) - upper.centre.x;
+    const int64_t rise = int64_t(lower.centre.y) - upper.centre.y;
+    if (rise == 0) { // level: the sides are single rows, which the round ends reach as well
+        rows.LeftOfEnd(upper, first, end);
+        rows.RightOfEnd(lower, first, end);
+        return;
+    }
+    const Sides sides = SidesOf(run, rise, upper.width);
+    if (IsShort(run < 0 ? -run : run, rise, upper.width))
+        rows.template AllSides<ShortEdgeWalk>(sides, upper, lower);
+    else
+        rows.template AllSides<EdgeWalk>(sides, upper, lower);
+}
+
 } // namespace
 
-const int32_t* RoundEnds::Table(int32_t diameter)
+RoundEndRow RoundEnds::RowOf(int64_t diameter, int64_t offset)
+{
+    // When the circle passes exactly through a pixel's centre that pixel is inside on the left only, but for the
+    // topmost point, where both are one.
+    const int64_t square = diameter * diameter - 4 * offset * offset;
+    const int64_t reach = FloorSqrt(UInt128(square) / 4);
+    const bool exact = reach > 0 && 4 * reach * reach == square;
+    return {static_cast<int32_t>(reach), static_cast<int32_t>(reach + 1 - exact)};
+}
+
+const RoundEndRow* RoundEnds::Table(int32_t diameter)
 {
     if (diameter > kLargest)
         return nullptr;
     const size_t index = static_cast<size_t>(diameter);
     if (index >= m_tables.size())
         m_tables.resize(index + 1);
-    std::vector<int32_t>& table = m_tables[index];
+    std::vector<RoundEndRow>& table = m_tables[index];
     if (table.empty()) {
-        for (int64_t distance = 0; distance <= diameter / 2; ++distance)
-            table.push_back(End::ReachOf(diameter, distance));
+        for (int64_t offset = -(diameter / 2); offset <= (diameter - 1) / 2; ++offset)
+            table.push_back(RowOf(diameter, offset));
     }
     return table.data();
 }
@@ -167,27 +221,17 @@ size_t CapsuleSpans(DevicePoint from, DevicePoint to, int32_t width, RoundEnds& 
     // An even width has its topmost point in the first row; its lowest point lies on the border and counts as outside.
     const int64_t first = std::max<int64_t>(int64_t(from.y) - width / 2, clip.top);
     const int64_t end = std::min<int64_t>(int64_t(to.y) + (width - 1) / 2 + 1, clip.bottom);
-    const int64_t left = std::min(from.x, to.x);
-    const int64_t right = std::max(from.x, to.x);
-    if (first >= end || left - width / 2 >= clip.right || right + width / 2 < clip.left)
+    const int64_t left = int64_t(std::min(from.x, to.x)) - width / 2;
+    const int64_t right = int64_t(std::max(from.x, to.x)) + width / 2;
+    if (first >= end || left >= clip.right || right < clip.left)
         return 0;
-
-    const int32_t* const table = ends.Table(width);
+    const RoundEndRow* const table = ends.Table(width);
     const End upper = {from, width, table};
     const End lower = {to, width, table};
-    RowFiller rows(spans, first, end, clip);
-    if (from.y == to.y) { // level: the sides are single rows, which the round ends reach as well
-        rows.LeftOfEnd(upper, first, end);
-        rows.RightOfEnd(lower, first, end);
-        return static_cast<size_t>(end - first);
-    }
-    const Sides sides = SidesOf(int64_t(to.x) - from.x, int64_t(to.y) - from.y, width);
-    rows.LeftOfEnd(upper, first, from.y + sides.firstLeft);
-    rows.LeftSide(sides, from);
-    rows.LeftOfEnd(lower, from.y + sides.lastLeft + 1, end);
-    rows.RightOfEnd(upper, first, from.y + sides.firstRight);
-    rows.RightSide(sides, from);
-    rows.RightOfEnd(lower, from.y + sides.lastRight + 1, end);
+    if (left >= clip.left && right < clip.right)
+        FillRows(upper, lower, RowFiller<false>(spans, first, end, clip), first, end);
+    else
+        FillRows(upper, lower, RowFiller<true>(spans, first, end, clip), first, end);
     return static_cast<size_t>(end - first);
 }
 

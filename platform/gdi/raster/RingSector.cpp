@@ -155,17 +155,13 @@ void ArcRows(const EllipseArc& arc, int64_t& top, int64_t& bottom)
         bottom = std::max(bottom, CeilHalf(arc.centerY2 + arc.radiusY2));
 }
 
-Piece PieceOfEnd(DevicePoint centre, int32_t width, const int32_t* table, int64_t row)
+Piece PieceOfEnd(DevicePoint centre, int32_t width, const RoundEndRow* table, int64_t row)
 {
     const int64_t offset = row - centre.y;
     if (offset < -(width / 2) || offset > (width - 1) / 2)
         return {0, 0};
-    if (!table) {
-        const DiscRow disc = RowOfDisc(2 * int64_t(centre.x), width, 2 * offset);
-        return {disc.left, disc.right};
-    }
-    const int64_t reach = table[offset < 0 ? -offset : offset];
-    return {centre.x - (reach < 0 ? ~reach : reach), centre.x + (reach < 0 ? ~reach : reach + 1)};
+    const RoundEndRow disc = table ? table[offset + width / 2] : RoundEnds::RowOf(width, offset);
+    return {int64_t(centre.x) - disc.left, int64_t(centre.x) + disc.right};
 }
 
 } // namespace
@@ -177,7 +173,7 @@ void DrawRingSector(const EllipseArc& arc, int32_t width, RoundEnds& ends, const
     ArcRows(arc, top, bottom);
     const int64_t first = std::max<int64_t>(top - width / 2 - 1, clip.top);
     const int64_t end = std::min<int64_t>(bottom + width / 2 + 2, clip.bottom);
-    const int32_t* const table = ends.Table(width);
+    const RoundEndRow* const table = ends.Table(width);
     RingRows rows(arc, width, clip, writer);
     for (int64_t row = first; row < end; ++row) {
         const Piece start = PieceOfEnd(arc.start, width, table, row);
