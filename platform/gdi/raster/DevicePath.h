@@ -4,7 +4,6 @@
 #include "gdi/raster/Surface.h"
 #include "KolmApi.h"
 
-#include <limits>
 #include <vector>
 
 namespace gdi {
@@ -43,11 +42,14 @@ public:
         m_verbs.clear();
         m_points.clear();
         m_arcs.clear();
-        m_bounds = kNothing;
     }
     void MoveTo(DevicePoint point) { Add(Verb::Move, point); }
     void LineTo(DevicePoint point) { Add(Verb::Line, point); }
-    void ArcTo(const EllipseArc& arc);
+    void ArcTo(const EllipseArc& arc)
+    {
+        m_verbs.push_back(Verb::Arc);
+        m_arcs.push_back(arc);
+    }
     void Close() { m_verbs.push_back(Verb::Close); }
 
     bool IsEmpty() const { return m_verbs.empty(); }
@@ -55,30 +57,19 @@ public:
     const std::vector<DevicePoint>& Points() const { return m_points; }
     const std::vector<EllipseArc>& Arcs() const { return m_arcs; }
     /// Closed bounds of all points and ellipses: right and bottom inside. Left is above right while there are none.
-    const Box& Bounds() const { return m_bounds; }
+    /// Worked out when asked for: a path of one segment has hardly any.
+    Box Bounds() const;
 
 private:
-    static constexpr Box kNothing = {std::numeric_limits<int32_t>::max(), std::numeric_limits<int32_t>::max(),
-                                     std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::min()};
-
     void Add(Verb verb, DevicePoint point)
     {
         m_verbs.push_back(verb);
         m_points.push_back(point);
-        Include(point);
-    }
-    void Include(DevicePoint point)
-    {
-        m_bounds.left = point.x < m_bounds.left ? point.x : m_bounds.left;
-        m_bounds.right = point.x > m_bounds.right ? point.x : m_bounds.right;
-        m_bounds.top = point.y < m_bounds.top ? point.y : m_bounds.top;
-        m_bounds.bottom = point.y > m_bounds.bottom ? point.y : m_bounds.bottom;
     }
 
     std::vector<Verb> m_verbs;
     std::vector<DevicePoint> m_points;
     std::vector<EllipseArc> m_arcs;
-    Box m_bounds = kNothing;
 };
 
 } // namespace gdi

@@ -36,7 +36,7 @@ double RadialY2(const EllipseArc& arc, double x, double y)
 
 void PolygonFill::Fill(const DevicePath& path, FillRule rule, const Box& clip, PixelWriter& writer)
 {
-    const Box& bounds = path.Bounds();
+    const Box bounds = path.Bounds();
     m_clip = clip; // rows that the path can't reach need no bucket
     m_clip.top = std::max(clip.top, bounds.top);
     m_clip.bottom = static_cast<int32_t>(std::min<int64_t>(clip.bottom, int64_t(bounds.bottom) + 1));
