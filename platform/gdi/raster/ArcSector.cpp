@@ -36,6 +36,10 @@ void FlattenArc(const EllipseArc& arc, std::vector<DevicePoint>& points)
     // A chord over the angle a has the height r a^2 / 8, which is to be an eighth.
     const double radius = std::max(radiusX, radiusY);
     const double chords = std::min(std::ceil(std::fabs(sweep) * std::sqrt(radius)) + 1, kChords);
+    if (!(chords >= 1)) { // directions that are no numbers: nothing but the ends is known
+        points.push_back(arc.end);
+        return;
+    }
     for (int i = 1; i < static_cast<int>(chords); ++i) {
         const double angle = from + sweep * i / chords;
         const double x = static_cast<double>(arc.centerX2) * 0.5 + radiusX * std::cos(angle);
