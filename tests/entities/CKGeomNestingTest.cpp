@@ -45,7 +45,7 @@ Bytes HostileRecord(int levels)
 }
 
 // A frame of a few hundred bytes a level would need more than any stack has.
-constexpr int kDeep = 200000;
+constexpr int kDeep = 60000;
 
 } // namespace
 
