@@ -1,0 +1,4 @@
+/// Counts every operator new of this program and of the library in it.
+#pragma once
+
+extern int g_allocationCount;
