@@ -1,3 +1,8 @@
+// The painter's life: what a fresh one knows, what copies share, and who frees it.
+//
+// A painter owns four things through plain pointers that hosts can read and two of which they can set. Copies hold the
+// same pointers. Counting holders per object would go wrong as soon as a host puts a pointer back that another copy
+// still has; asking the other copies when one lets go cannot.
 #include "painter/CKPainter.h"
 
 #include "entities/CKGeomArray.h"
@@ -21,6 +26,8 @@ LOGFONTA MakeInformationFont()
 
 } // namespace
 
+// The members that have no natural start are 0 and the scale is 1, so that mapping a point before the first frame gives
+// something finite. The logical centre is not empty yet: Init() makes it so.
 CKPainter::CKPainter()
     : m_pixelsPerMM(GetScreenCaps(LOGPIXELSX) * kInchesPerMM), m_informationFont(MakeInformationFont()), m_copies(this)
 {}
@@ -36,6 +43,7 @@ CKPainter& CKPainter::operator=(const CKPainter& source)
     if (this == &source)
         return *this;
 
+    // Release first: what this painter alone holds has to go before its pointers are overwritten.
     // Within one ring the source still holds what both share, so nothing of it is freed here.
     ReleaseOwned();
     CopyState(source);
@@ -50,6 +58,7 @@ CKPainter::~CKPainter()
 
 void CKPainter::CopyState(const CKPainter& source)
 {
+    // View state: a copy shows what its source shows.
     m_simpleDraw = source.m_simpleDraw;
     m_boardMirror = source.m_boardMirror;
     m_finishDraw = source.m_finishDraw;
@@ -64,6 +73,7 @@ void CKPainter::CopyState(const CKPainter& source)
     m_screenRight = source.m_screenRight;
     m_screenTop = source.m_screenTop;
     m_screenBottom = source.m_screenBottom;
+    // Shared from here on, with the viewport that the shared frame was composed under.
     m_savedDC = source.m_savedDC;
     m_savedBitmap = source.m_savedBitmap;
     m_captureBitmap = source.m_captureBitmap;
@@ -85,6 +95,7 @@ void CKPainter::CopyState(const CKPainter& source)
     m_captureHeight = source.m_captureHeight;
 }
 
+// The pointers end up null, so that this painter can never be counted as a holder afterwards.
 void CKPainter::ReleaseOwned()
 {
     ReleaseSavedFrame();

@@ -110,8 +110,10 @@ public:
 
     // ---- Members read and written as they are
 
+    /// 1 shows a millimetre as GetPixcelPerMM() pixels. A scale of 0 or no number draws everything into one point.
     double GetScale() { return m_scale; }
     void SetScale(double scale) { m_scale = scale; }
+    /// Device pixels per logical millimetre at scale 1, from the screen unless set.
     double GetPixcelPerMM() { return m_pixelsPerMM; }
     void SetPixcelPerMM(double pixelsPerMM) { m_pixelsPerMM = pixelsPerMM; }
     /// In mirrored form: the negated board x while the board is mirrored.
@@ -124,6 +126,7 @@ public:
     int GetPhysicalCenterY() { return m_physicalCenterY; }
     void SetPhysicalCenter(int x, int y);
     void InitPhysicalCenter() { SetPhysicalCenter(0, 0); } ///< (0, 0)
+    /// The visible rectangle in board millimetres, as of the last fit, frame or UpdateLogicalScreenSide.
     double GetLogicalScreenLeft() { return m_screenLeft; }
     double GetLogicalScreenRight() { return m_screenRight; }
     double GetLogicalScreenTop() { return m_screenTop; }
@@ -170,6 +173,7 @@ public:
     // ---- Figures. Each is built as a path and stroked or filled with objects made for the call. Lengths and points
     // are logical millimetres; pen widths in pixels come from T(width), and 0 is the one-pixel pen.
 
+    /// A line in device pixels.
     void DrawLineNoWorldTransform(CDC* dc, COLORREF color, double x1, double y1, double x2, double y2, double width);
     /// Direction -1 passes AD_CLOCKWISE, any other value AD_COUNTERCLOCKWISE. Through the y-flip of the world transform
     /// -1 is the counter-clockwise arc on the board. The arc ends on the ray through the end point. The last argument
@@ -180,6 +184,7 @@ public:
     /// unmirrored view reverses the code first.
     void DrawArcNoWorldTransform(CDC* dc, COLORREF color, double startX, double startY, double endX, double endY,
                                  double centerX, double centerY, int direction, double width, int unused);
+    /// The radius comes first. Outlined with the one-pixel pen, or filled when `fill` is non-zero; likewise below.
     void DrawCircle(CDC* dc, COLORREF color, double radius, double centerX, double centerY, int fill);
     void DrawCircleNoWorldTransform(CDC* dc, COLORREF color, double radius, double centerX, double centerY, int fill);
     /// Axis-parallel; half sizes are T(size x 0.5).
@@ -230,7 +235,8 @@ public:
     // `first` starts a figure at its first point, 0 draws a line to it. Placing rotates about the origin, mirrors (x
     // negated) and then adds the offset. Sweep flag: non-zero runs counter-clockwise on the board.
 
-    void AddLinePath(CDC* dc, double x1, double y1, double x2, double y2, int first);
+    void AddLinePath(CDC* dc, double x1, double y1, double x2, double y2, int first); ///< a segment
+    /// A placed segment.
     void AddLinePath(CDC* dc, double x1, double y1, double x2, double y2, double offsetX, double offsetY, float angle,
                      int mirror, int first);
     void AddCirclePath(CDC* dc, int centerX, int centerY, int radius, int first);          ///< in pixels
@@ -254,9 +260,9 @@ public:
 
     // ---- Stroking and filling the current path, which they use up. Selected objects are put back.
 
-    void StrokePath(CDC* dc, int width, COLORREF color);
+    void StrokePath(CDC* dc, int width, COLORREF color); ///< solid pen of `width` pixels
     void StrokePath(CDC* dc, CPen& pen);
-    void FillPath(CDC* dc, COLORREF color);
+    void FillPath(CDC* dc, COLORREF color); ///< in the context's fill mode; open figures are closed
     void FillPath(CDC* dc, CPen& pen, COLORREF color);
     void StrokeAndFillPath(CDC* dc, int width, COLORREF color);
     void StrokeAndFillPath(CDC* dc, CPen& pen, COLORREF color);
@@ -318,23 +324,32 @@ private:
     KPoint D(double x, double y) const;
     double PixelsPerUnit() const { return m_pixelsPerMM * m_scale; }
 
-    void CopyState(const CKPainter& source);
+    void CopyState(const CKPainter& source); ///< every member but the place in the ring of copies
+    /// Lets go of the owned objects, deletes those that no copy holds, and leaves the pointers null.
     void ReleaseOwned();
     void ReleaseSavedFrame();
     void ReleaseCaptureCell();
 
+    /// Centres the area and scales it into width x height pixels, under the rule of the zoom operations.
     void FitArea(int width, int height, double centerX, double centerY, double areaWidth, double areaHeight,
                  double ratio);
+    // Figures in pixels, outlined or filled.
     void DrawCirclePath(CDC* dc, COLORREF color, KPoint center, int radius, int fill);
     void DrawRectanglePath(CDC* dc, COLORREF color, KPoint center, int halfWidth, int halfHeight, int fill,
                            int penWidth);
+
+    /// Makes the off-screen context and bitmap, compatible with `dc`, and moves the physical centre to their middle.
     void CreateFrame(CDC* dc, CDC* memDC, CBitmap* bitmap, const CRect& rect);
     void PaintBackground(CDC* dc, const CRect& rect, COLORREF background);
+    /// Fits the target or capture area when the logical centre is empty; else only updates the visible rectangle.
     void FitFrame(const CRect& rect, int useCaptureArea);
-    void RenewSavedFrame();
+    void RenewSavedFrame(); ///< gives up the saved frame and starts one without handles
+    /// Asks the hooks for body and ending, draws them into the saved frame and shows it in `dc`.
     void ComposeFrame(CWnd* wnd, CDC* dc, const CRect& rect);
-    void DrawBodyTransformed(CWnd* wnd, CDC* dc);
+    void DrawBodyTransformed(CWnd* wnd, CDC* dc); ///< the body alone, under the board's world transform
+    /// The overlay of DrawGeomsAndDrawSavedDC; a null colour asks for each shape's own.
     void OverlayShapes(CWnd* wnd, CKGeomArray* first, CKGeomArray* second, const COLORREF* color);
+    /// Background and body of a sized capture into whatever `memDC` holds. Changes the view.
     void RenderCapture(CWnd* wnd, CDC* memDC, int width, int height, float x1, float y1, float x2, float y2);
 
     /// A packed bitmap (header, colour table, rows) in global memory that the caller frees; null when the compression

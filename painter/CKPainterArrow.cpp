@@ -1,3 +1,8 @@
+// Arrows: a shaft and two wings at each head, every line a stroke of its own.
+//
+// The variants without a pen width are for dimension lines, whose heads keep a fixed size on the board; the others let
+// the caller say from which shaft length on the heads stop growing. The world-transform variants draw through the
+// virtual DrawLine, so that a host that replaces it gets the arrows' lines as well.
 #include "math/CKMath.h"
 #include "painter/PainterMapping.h"
 
@@ -14,16 +19,18 @@ double GetDefaultHead(double length)
     return length > kLongShaft ? kLongHead : length * kHeadShare;
 }
 
+// The limited head is computed in single precision, the share of a short shaft in double.
 double GetLimitedHead(double length, float limit)
 {
     return length > limit ? limit * 0.25f : length * kHeadShare;
 }
 
-/// Two wings from the tip: the point `head` before the tip on the shaft, turned about the tip to either side. They run
-/// to the shaft's length measured from its foot, so that rounding is the same for both ends of an arrow.
+/// Two wings: the point `head` before the tip on the shaft, turned about the tip to either side. That point is found
+/// from the foot, length - head along the shaft.
 template <typename Line>
 void DrawHead(double footX, double footY, double tipX, double tipY, double length, double head, const Line& line)
 {
+    // Turned by the positive angle a wing lies to the right of the way back from the tip, so the left one comes first.
     const KPointD base = CKMath::GetDistancedLinePoint(tipX, tipY, footX, footY, -(length - head));
     const double dx = base.x - tipX;
     const double dy = base.y - tipY;
@@ -48,6 +55,7 @@ void DrawArrowLines(double x1, double y1, double x2, double y2, double length, d
 
 } // namespace
 
+// In all four an arrow without length, or with an end that is no number, has no direction and draws nothing at all.
 void CKPainter::DrawArrow(CDC* dc, COLORREF color, double x1, double y1, double x2, double y2, int bothEnds)
 {
     const double length = CKMath::GetDistance(x1, y1, x2, y2);

@@ -1,3 +1,7 @@
+// Captures: pictures of the view for the host, drawn by the same hooks as a frame.
+//
+// Capture(wnd) is a frame with another idea of what to fit, and ends in the window. The sized capture draws the body
+// alone into a bitmap of its own and leaves the view where it drew; the host restores its view from the saved viewport.
 #include "painter/GdiScope.h"
 #include "painter/PainterMapping.h"
 
@@ -35,11 +39,13 @@ HBITMAP MakeCaptureBitmap(int mode, HDC window, HDC memory, int width, int heigh
 
 } // namespace
 
+// The capture zoom area takes part only while the centre is empty: a view that the user has moved is captured as it is.
 void CKPainter::Capture(CWnd* wnd)
 {
     if (!wnd)
         return;
 
+    // The window's context has to be back before the flag says that the picture is finished.
     m_finishDraw = 0;
     {
         WindowDC window(wnd);
@@ -56,17 +62,21 @@ void CKPainter::Capture(CWnd* wnd, int width, int height, float x1, float y1, fl
 {
     if (!wnd || (width == 0 && height == 0))
         return;
+    // One size alone asks for a square.
     if (height == 0)
         height = width;
     else if (width == 0)
         width = height;
 
+    // The order of these holders is the order of release: bitmap out of the context, context, window.
     const WindowDC window(wnd);
     CDC memory;
     memory.Attach(::CreateCompatibleDC(window.Handle()));
+    // The bitmap in the old cell is the host's by now; a copy of this painter keeps the cell if it shares it.
     ReleaseCaptureCell();
     m_captureBitmap = new HBITMAP(MakeCaptureBitmap(m_captureMode, window.Handle(), memory.m_hDC, width, height));
 
+    // Without a bitmap the hooks run all the same, into the one pixel that every memory context has.
     CBitmap* const bitmap = *m_captureBitmap ? CBitmap::FromHandle(*m_captureBitmap) : nullptr;
     if (bitmap) {
         const SelectedObject<CBitmap> selectedBitmap(&memory, bitmap);
@@ -78,6 +88,7 @@ void CKPainter::Capture(CWnd* wnd, int width, int height, float x1, float y1, fl
 
 void CKPainter::RenderCapture(CWnd* wnd, CDC* memDC, int width, int height, float x1, float y1, float x2, float y2)
 {
+    // The background covers the picture, and the client area where that is larger.
     CRect rect;
     wnd->GetClientRect(&rect);
     const int right = SaturatedSum(rect.left, width);
@@ -88,7 +99,9 @@ void CKPainter::RenderCapture(CWnd* wnd, CDC* memDC, int width, int height, floa
         rect.bottom = bottom;
     PaintBackground(memDC, rect, m_backgroundTransparent);
 
+    // Framed exactly, without the margin of a fitted frame. The corners are single-precision values in any order.
     ZoomAreaByMinMax(width, height, x1, y2, x2, y1, 1.0);
+    // The picture's own middle, not the window's: the body is drawn into the bitmap alone.
     SetPhysicalCenter(width / 2, height / 2);
     DrawBodyTransformed(wnd, memDC);
 }
@@ -98,6 +111,7 @@ void CKPainter::CopyToClipboardBitmap(void* bitmap, CWnd* wnd)
     const OpenedClipboard clipboard(wnd ? wnd->GetSafeHwnd() : nullptr);
     if (!clipboard)
         return;
+    // The platform takes over a bitmap that it accepts; one that it refuses stays the caller's.
     ::EmptyClipboard();
     if (!::SetClipboardData(CF_BITMAP, bitmap))
         AfxMessageBox("Zoom ratio exceeded allowable range to capture.");

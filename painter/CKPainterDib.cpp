@@ -1,3 +1,7 @@
+// Export: a bitmap of the device becomes a packed bitmap in global memory, and that becomes a file.
+//
+// A packed bitmap is what the clipboard and files understand: header, colour table and rows in one block. The file is
+// the block behind a header of 14 bytes. Failures are told to the user in a message, never to the caller.
 #include "foundation/CJpeg.h"
 #include "painter/CKPainter.h"
 #include "painter/GdiScope.h"
@@ -64,6 +68,7 @@ private:
     HPALETTE m_previous;
 };
 
+/// A file for writing that replaces an existing one; closed at the end of its scope.
 class OpenedFile
 {
 public:
@@ -98,6 +103,7 @@ DWORD CountColors(WORD bitCount)
     return colors <= 256 ? colors : 0;
 }
 
+/// What is known of the rows before the platform completes it; resolution and colour counts stay unsaid.
 BITMAPINFOHEADER MakeHeader(const BITMAP& bitmap, DWORD compression)
 {
     BITMAPINFOHEADER header = {};
@@ -125,17 +131,20 @@ SIZE_T GetImageSize(const BITMAPINFOHEADER& header)
 
 BITMAPINFO* CKPainter::DDBToDIB(CBitmap& bitmap, DWORD compression, CPalette* palette)
 {
+    // Bit fields need masks after the header, for which there is no room in the layout.
     BITMAP record = {};
     if (compression == BI_BITFIELDS || !bitmap.GetObject(sizeof record, &record))
         return nullptr;
 
     BITMAPINFOHEADER header = MakeHeader(record, compression);
     const SIZE_T tableSize = CountColors(header.biBitCount) * sizeof(RGBQUAD);
+    // Colours are looked up in the palette that is realised while the rows are converted.
     HPALETTE handle = palette ? static_cast<HPALETTE>(palette->GetSafeHandle()) : nullptr;
     if (!handle)
         handle = static_cast<HPALETTE>(::GetStockObject(DEFAULT_PALETTE));
     const PaletteScreen screen(handle);
 
+    // First only header and table, which is all that is needed to ask for the rest.
     GlobalBlock block(::GlobalAlloc(GMEM_FIXED, sizeof header + tableSize));
     if (!block.Info())
         return nullptr;
@@ -145,6 +154,7 @@ BITMAPINFO* CKPainter::DDBToDIB(CBitmap& bitmap, DWORD compression, CPalette* pa
     ::GetDIBits(screen.Handle(), source, 0, rows, nullptr, block.Info(), DIB_RGB_COLORS); // completes the header
     header = block.Info()->bmiHeader;
 
+    // The size of the image is known only now: the platform knows how it pads and packs rows.
     if (!block.Resize(sizeof header + tableSize + GetImageSize(header)))
         return nullptr;
     BYTE* const pixels = reinterpret_cast<BYTE*>(block.Info()) + header.biSize + tableSize;
@@ -153,6 +163,7 @@ BITMAPINFO* CKPainter::DDBToDIB(CBitmap& bitmap, DWORD compression, CPalette* pa
     return block.Release();
 }
 
+// The wrappers are temporary and own nothing: bitmap and palette stay the caller's.
 BITMAPINFO* CKPainter::DDBToDIB(HBITMAP bitmap, DWORD compression, HPALETTE palette)
 {
     CBitmap* const wrapped = CBitmap::FromHandle(bitmap);
@@ -164,6 +175,7 @@ int CKPainter::WriteDIB(const char* path, BITMAPINFO* packed)
     if (!packed)
         return 0;
 
+    // Everything in the block is written, so the size in the file's header is right even where blocks are rounded up.
     const SIZE_T size = ::GlobalSize(packed);
     const BITMAPINFOHEADER& info = packed->bmiHeader;
     BITMAPFILEHEADER header = {};
@@ -171,6 +183,7 @@ int CKPainter::WriteDIB(const char* path, BITMAPINFO* packed)
     header.bfSize = static_cast<DWORD>(sizeof header + size);
     header.bfOffBits = static_cast<DWORD>(sizeof header + info.biSize + CountColors(info.biBitCount) * sizeof(RGBQUAD));
 
+    // The file is closed after the message, and what was written stays: the user may want to look at it.
     OpenedFile file(path);
     const char* message = nullptr;
     if (!file.IsOpen())
@@ -185,6 +198,7 @@ int CKPainter::WriteDIB(const char* path, BITMAPINFO* packed)
     return 0;
 }
 
+// Both exports go through one packed bitmap, which is freed whatever the host's message box does.
 void CKPainter::SaveToBMP(CString path, HBITMAP bitmap)
 {
     const GlobalBlock packed(DDBToDIB(bitmap, BI_RGB, nullptr));
@@ -196,6 +210,7 @@ void CKPainter::SaveToJPG(CString path, HBITMAP bitmap)
     const CString bitmapPath = path + ".bmp";
     const GlobalBlock packed(DDBToDIB(bitmap, BI_RGB, nullptr));
     WriteDIB(bitmapPath, packed.Info());
+    // Called whatever became of the bitmap file: without one there is nothing to convert, and nothing is harmed.
     CJpeg::ConvertBMPToJPG(bitmapPath, path);
     ::DeleteFileA(bitmapPath);
 }

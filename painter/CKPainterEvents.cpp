@@ -1,3 +1,6 @@
+// Event objects: temporary shapes of an interaction, such as rubber bands. The painter keeps and frees them, the host
+// decides when they are drawn. Copies of a painter share the array, so shapes added through one are seen by all; an
+// array that is made after copying belongs to its painter alone.
 #include "entities/CKGeomArray.h"
 #include "painter/CKPainter.h"
 
@@ -10,6 +13,7 @@ void CKPainter::AddEventObject(CKGeom* shape)
 
 void CKPainter::DeleteEventObjects()
 {
+    // Letting go of a shared array is all that one copy can do about it.
     if (!m_copies.IsShared(&CKPainter::m_eventObjects))
         delete m_eventObjects;
     m_eventObjects = nullptr;
@@ -30,6 +34,7 @@ void CKPainter::DeleteLastEventObject()
 
 void CKPainter::RemoveLastEventObject()
 {
+    // The caller has the pointer already: only the slot goes.
     if (m_eventObjects && !m_eventObjects->IsEmpty())
         m_eventObjects->RemoveAt(m_eventObjects->GetUpperBound());
 }

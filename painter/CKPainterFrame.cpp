@@ -1,3 +1,10 @@
+// Frames: composed off screen, shown in one block transfer, kept for overlays.
+//
+// The board is drawn under the world transform, everything else in device pixels. Temporary shapes are drawn into the
+// saved frame with exclusive-or, shown, and drawn again, which restores the frame without composing it anew.
+//
+// A hook of the host can throw anywhere in here. Modes and transforms are put back on the way out; the frame stays as
+// far as it got, and the finish flag stays 0 to tell.
 #include "entities/CKGeomArray.h"
 #include "painter/GdiScope.h"
 #include "painter/PainterMapping.h"
@@ -20,11 +27,13 @@ private:
     int m_previous;
 };
 
+/// Counts are compared as int everywhere, as the drawing loop takes them.
 int HasShapes(CKGeomArray* shapes)
 {
     return shapes && static_cast<int>(shapes->GetSize()) >= 1;
 }
 
+/// Shows the client area's part of the saved frame, which may have had another size when it was composed.
 void CopyFrame(CDC* target, CDC* frame, const CRect& rect)
 {
     ::BitBlt(target->m_hDC, 0, 0, rect.Width(), rect.Height(), frame->m_hDC, 0, 0, SRCCOPY);
@@ -70,6 +79,7 @@ void CKPainter::BackGroundDraw(CDC* dc, CDC* memDC, CBitmap* bitmap, CRect* rect
 
 void CKPainter::CreateFrame(CDC* dc, CDC* memDC, CBitmap* bitmap, const CRect& rect)
 {
+    // Halves of the far edges and not of the sizes: client rectangles start at 0.
     SetPhysicalCenter(rect.right / 2, rect.bottom / 2);
     memDC->Attach(::CreateCompatibleDC(dc->m_hDC));
     bitmap->Attach(::CreateCompatibleBitmap(dc->m_hDC, SaturatedDifference(rect.right, rect.left),
@@ -77,6 +87,7 @@ void CKPainter::CreateFrame(CDC* dc, CDC* memDC, CBitmap* bitmap, const CRect& r
     memDC->SelectObject(bitmap);
 }
 
+// The pen has the brush's colour, so the outline is background too.
 void CKPainter::PaintBackground(CDC* dc, const CRect& rect, COLORREF background)
 {
     CBrush brush(background);
@@ -88,6 +99,8 @@ void CKPainter::PaintBackground(CDC* dc, const CRect& rect, COLORREF background)
 
 void CKPainter::FitFrame(const CRect& rect, int useCaptureArea)
 {
+    // A centre that is set is never touched. The capture area is stored as the view will hold it; a target area is
+    // where the board is, and its x has to be negated for a mirrored view.
     const int width = SaturatedDifference(rect.right, rect.left);
     const int height = SaturatedDifference(rect.bottom, rect.top);
     if (!IsLogicalCenterEmpty()) {
@@ -103,6 +116,7 @@ void CKPainter::FitFrame(const CRect& rect, int useCaptureArea)
 
 void CKPainter::RenewSavedFrame()
 {
+    // Copies of this painter keep the old frame if they share it.
     ReleaseSavedFrame();
     m_savedDC = new CDC;
     m_savedBitmap = new CBitmap;
@@ -121,6 +135,7 @@ void CKPainter::DrawView(CWnd* wnd, CDC* dc)
     RenewSavedFrame();
     SetupDraw(dc, m_savedDC, m_savedBitmap, &rect, m_backgroundTransparent);
 
+    // Taken after the fit: this is the view that the saved frame shows, whatever the host does to the view later.
     m_savedScale = m_scale;
     m_savedCenter = GetLogicalCenterCoord();
     m_savedLeft = m_screenLeft;
@@ -134,6 +149,7 @@ void CKPainter::DrawView(CWnd* wnd, CDC* dc)
 
 void CKPainter::ComposeFrame(CWnd* wnd, CDC* dc, const CRect& rect)
 {
+    // The ending is drawn over an empty view too: scales, rulers and messages do not depend on data.
     if (IsExistData(wnd))
         DrawBodyTransformed(wnd, m_savedDC);
     DrawEnding(wnd, m_savedDC);
@@ -142,6 +158,7 @@ void CKPainter::ComposeFrame(CWnd* wnd, CDC* dc, const CRect& rect)
 
 void CKPainter::DrawBodyTransformed(CWnd* wnd, CDC* dc)
 {
+    // T() pixels, y up, become device pixels: shift, flip of y and mirror in one matrix.
     const WorldTransformScope transform(dc->m_hDC, GenerateXFormMirrorY(m_boardMirror));
     DrawBody(wnd, dc);
 }
@@ -171,6 +188,7 @@ KRectangleD CKPainter::GetTargetSize()
 
 // ---- Shapes
 
+// A colour that is passed takes the place of every shape's own; null asks for those.
 void CKPainter::DrawGeoms(CDC* dc, CKGeomArray* shapes)
 {
     DrawShapes(this, dc, shapes, nullptr);
@@ -200,6 +218,7 @@ void CKPainter::OverlayShapes(CWnd* wnd, CKGeomArray* first, CKGeomArray* second
         DrawShapes(this, m_savedDC, second, color);
     };
 
+    // Without a window nothing can be shown, so the shapes stay in the frame until the same call takes them out.
     if (!wnd) {
         if (!HasShapes(first) && !HasShapes(second))
             return;
@@ -208,6 +227,7 @@ void CKPainter::OverlayShapes(CWnd* wnd, CKGeomArray* first, CKGeomArray* second
         return;
     }
 
+    // Holders in this order: the raster operation is back before the window's context is released.
     WindowDC window(wnd);
     const XorScope exclusiveOr(m_savedDC);
     drawBoth();

@@ -1,3 +1,10 @@
+// Builders of outlines: tracks, thick arcs, pads and rings as closed paths in T() pixels.
+//
+// Arcs go to the device as true arcs only where that pays. Small ones become chords on the pixel circle, computed from
+// the rounded radius and centre, so that a chord's points agree with those of every other arc of the circle.
+//
+// Round ends are half circles of the same builder. Their direction on the board, clockwise from the left to the right
+// side seen along the way out, makes the outline one closed turn that fills without holes.
 #include "math/CKMath.h"
 #include "painter/PainterMapping.h"
 
@@ -28,6 +35,7 @@ KPointD Beside(KPointD base, double quarter, KPointD from, KPointD to)
     return {base.x + turned.x, base.y + turned.y};
 }
 
+/// A new sub-path at the point, or a line to it that continues the current one.
 void StartOrContinue(CDC* dc, int first, int x, int y)
 {
     if (first)
@@ -48,6 +56,8 @@ struct PixelArc
     int sweepCcw;
 };
 
+/// One arc of the device. It first draws a line to where the ray through the start meets the circle, which rounding can
+/// put a pixel beside the start.
 void AddTrueArc(CDC* dc, const PixelArc& arc)
 {
     // Device directions are seen with y down, hence the opposite of the board's.
@@ -73,6 +83,7 @@ void AddChords(CDC* dc, const PixelArc& arc)
             dc->LineTo(point.x, point.y);
         previous = point;
     }
+    // The exact end, which whatever continues the figure starts from.
     dc->LineTo(arc.end.x, arc.end.y);
 }
 
@@ -84,6 +95,7 @@ void CKPainter::AddLinePath(CDC* dc, double x1, double y1, double x2, double y2,
     dc->LineTo(T(x2), T(y2));
 }
 
+// Placing always turns and mirrors about the origin of the element; only then does it move to its place on the board.
 void CKPainter::AddLinePath(CDC* dc, double x1, double y1, double x2, double y2, double offsetX, double offsetY,
                             float angle, int mirror, int first)
 {
@@ -91,6 +103,7 @@ void CKPainter::AddLinePath(CDC* dc, double x1, double y1, double x2, double y2,
     AddLinePath(dc, x1 + offsetX, y1 + offsetY, x2 + offsetX, y2 + offsetY, first);
 }
 
+// One arc from the leftmost point around to itself: equal radials give the whole ellipse.
 void CKPainter::AddCirclePath(CDC* dc, int centerX, int centerY, int radius, int first)
 {
     const int left = SaturatedDifference(centerX, radius);
@@ -107,6 +120,7 @@ void CKPainter::AddCirclePath(CDC* dc, double centerX, double centerY, double ra
 void CKPainter::AddRectanglePath(CDC* dc, double centerX, double centerY, double width, double height, float angle,
                                  int mirror, int first)
 {
+    // Two pixels at least, so that pads stay visible when the whole board is shown.
     if (T(width) < 2)
         width = 2.0 / PixelsPerUnit();
     if (T(height) < 2)
@@ -119,6 +133,8 @@ void CKPainter::AddRectanglePath(CDC* dc, double centerX, double centerY, double
     for (KPointD& corner : corners)
         CKMath::TranslatePoint(corner.x, corner.y, angle, mirror);
 
+    // Corners are placed relative to the centre and only then moved, so a pad turns about itself and not about the
+    // origin.
     const auto pixel = [&](const KPointD& corner) { return KPoint{T(corner.x + centerX), T(corner.y + centerY)}; };
     const KPoint start = pixel(corners[0]);
     StartOrContinue(dc, first, start.x, start.y);
@@ -133,6 +149,7 @@ void CKPainter::AddArcPath(CDC* dc, double startX, double startY, double endX, d
                            double centerY, int sweepCcw, double offsetX, double offsetY, float angle, float, int mirror,
                            int first)
 {
+    // The mirror inverts the sweep flag too; from here on everything is as placed.
     CKMath::TranslateArc(centerX, centerY, startX, startY, endX, endY, sweepCcw, angle, mirror);
 
     PixelArc arc;
@@ -144,11 +161,14 @@ void CKPainter::AddArcPath(CDC* dc, double startX, double startY, double endX, d
     arc.sweep = CKMath::GetSweepAngle(arc.startAngle, CKMath::GetLineAngle(centerX, centerY, endX, endY), sweepCcw);
     arc.sweepCcw = sweepCcw;
 
+    // Compared before the offset and in millimetres: ends that share a pixel are not yet a whole circle. Without a
+    // radius there is nothing to turn around, circle or not.
     if (arc.radius > 0 && std::fabs(startX - endX) < kSamePoint && std::fabs(startY - endY) < kSamePoint) {
         AddCirclePath(dc, arc.center.x, arc.center.y, arc.radius, first);
         return;
     }
 
+    // Flat or small: a chord or two look the same and are drawn faster than an ellipse.
     StartOrContinue(dc, first, arc.start.x, arc.start.y);
     if (arc.radius <= 0)
         dc->LineTo(arc.end.x, arc.end.y);
@@ -167,12 +187,15 @@ void CKPainter::AddLineOutlinePath(CDC* dc, double x1, double y1, double x2, dou
         return;
     }
 
+    // Every corner is a quarter turn of the way from an end to the point half a width beyond it, or back. A track
+    // without length points along +x, so that its round outline is a disc and its square one a square.
     const double halfWidth = width * 0.5;
     const KPointD start = {x1, y1};
     const KPointD end = {x2, y2};
     const KPointD before = CKMath::GetDistancedLinePoint(x2, y2, x1, y1, halfWidth); // on the line, past the start
     const KPointD behind = CKMath::GetDistancedLinePoint(x1, y1, x2, y2, halfWidth); // past the end
 
+    // Left and right are those of someone who leaves the track at that end.
     if (roundEnds) {
         const KPointD startLeft = Beside(start, -kQuarter, start, before);
         const KPointD startRight = Beside(start, kQuarter, start, before);
@@ -196,6 +219,7 @@ void CKPainter::AddArcOutlinePath(CDC* dc, double startX, double startY, double 
                                   double centerY, double width, int sweepCcw, double offsetX, double offsetY,
                                   float angle, float unused, int mirror)
 {
+    // The bare arc continues the current figure: the caller has begun it with a point of its own.
     if (width <= 0.0) {
         AddArcPath(dc, startX, startY, endX, endY, centerX, centerY, sweepCcw, offsetX, offsetY, angle, unused, mirror,
                    0);
@@ -212,6 +236,8 @@ void CKPainter::AddArcOutlinePath(CDC* dc, double startX, double startY, double 
         return;
     }
 
+    // Corners are taken before placing, and every arc is placed alike, so a mirrored outline is the mirror image of the
+    // unmirrored one. An arc wider than its diameter has inner corners beyond the centre and still closes.
     const KPointD startInner = CKMath::GetDistancedLinePoint(centerX, centerY, startX, startY, -halfWidth);
     const KPointD startOuter = CKMath::GetDistancedLinePoint(centerX, centerY, startX, startY, halfWidth);
     const KPointD endOuter = CKMath::GetDistancedLinePoint(centerX, centerY, endX, endY, halfWidth);

@@ -1,3 +1,8 @@
+// Lines, arcs, circles, rectangles and crosses: one path and one stroke or fill each.
+//
+// Nothing is drawn outside a path, so that every figure touches each pixel once and exclusive-or drawing undoes itself
+// also where a figure meets itself. Each pair of variants shares its figure and differs in the conversion alone: T for
+// every value, or D for points and T for lengths.
 #include "math/CKMath.h"
 #include "painter/GdiScope.h"
 #include "painter/PainterMapping.h"
@@ -27,6 +32,7 @@ void CKPainter::DrawLine(CDC* dc, COLORREF color, double x1, double y1, double x
     StrokePath(dc, T(width), color);
 }
 
+// The hot path of shapes: two conversions, one path, no allocation.
 void CKPainter::DrawLineNoWorldTransform(CDC* dc, COLORREF color, double x1, double y1, double x2, double y2,
                                          double width)
 {
@@ -39,6 +45,8 @@ void CKPainter::DrawLineNoWorldTransform(CDC* dc, COLORREF color, double x1, dou
     StrokePath(dc, T(width), color);
 }
 
+// The radius comes from the logical start and centre and is converted as one length. From the converted points it would
+// change by a pixel as the view moves, and arcs of one circle would come apart.
 void CKPainter::DrawArc(CDC* dc, COLORREF color, double startX, double startY, double endX, double endY, double centerX,
                         double centerY, int direction, double width, int)
 {
@@ -66,6 +74,7 @@ void CKPainter::DrawCircleNoWorldTransform(CDC* dc, COLORREF color, double radiu
     DrawCirclePath(dc, color, D(centerX, centerY), T(radius), fill);
 }
 
+// A whole circle from its leftmost point, in whatever arc direction the context has: the same pixels either way.
 void CKPainter::DrawCirclePath(CDC* dc, COLORREF color, KPoint center, int radius, int fill)
 {
     dc->BeginPath();
@@ -83,6 +92,7 @@ void CKPainter::DrawRectangle(CDC* dc, COLORREF color, double centerX, double ce
     DrawRectangleWithIntPenWidth(dc, color, centerX, centerY, width, height, fill, 0);
 }
 
+// The pen is given in pixels and keeps its width at every zoom.
 void CKPainter::DrawRectangleWithIntPenWidth(CDC* dc, COLORREF color, double centerX, double centerY, double width,
                                              double height, int fill, int penWidth)
 {
@@ -99,6 +109,7 @@ void CKPainter::DrawRectangleNoWorldTransform(CDC* dc, COLORREF color, double ce
 void CKPainter::DrawRectanglePath(CDC* dc, COLORREF color, KPoint center, int halfWidth, int halfHeight, int fill,
                                   int penWidth)
 {
+    // In device pixels "low" is the upper edge; the order of the corners only matters to a trace.
     const int left = SaturatedDifference(center.x, halfWidth);
     const int right = SaturatedSum(center.x, halfWidth);
     const int low = SaturatedDifference(center.y, halfHeight);
@@ -119,6 +130,7 @@ void CKPainter::DrawRectanglePath(CDC* dc, COLORREF color, KPoint center, int ha
 
 void CKPainter::DrawCross(CDC* dc, COLORREF color, int x, int y, int size)
 {
+    // Two figures in one path: under exclusive-or the crossing pixel is still drawn once.
     const int half = size / 2;
     dc->BeginPath();
     dc->MoveTo(SaturatedDifference(x, half), y);
@@ -138,6 +150,7 @@ void CKPainter::StrokeDashLine(CDC* dc, int penWidth, COLORREF color)
 {
     // What an opaque background mode shows in the gaps: all but black.
     const COLORREF gapColor = 1;
+    // Pens wider than a pixel come out solid: dashes exist for cosmetic pens only.
     CPen pen(PS_DASH, penWidth, color);
     const COLORREF previousColor = dc->SetBkColor(gapColor);
     SelectedObject<CPen> selectedPen(dc, &pen);

@@ -1,3 +1,9 @@
+// Text, in three ways.
+//
+// DrawWindowFontText draws real glyphs through a world transform of its own, upright or turned, and is meant for
+// DrawBody. DrawWindowFontTextNoWorldTransform renders into a one-bit canvas and copies that pixel by pixel, the way
+// shapes draw their texts. DrawTextA labels points in a fixed size. None of them draws anything for a text that has no
+// pixels.
 #include "painter/GdiScope.h"
 #include "painter/PainterMapping.h"
 
@@ -34,6 +40,7 @@ public:
     TextSettings(const TextSettings&) = delete;
     TextSettings& operator=(const TextSettings&) = delete;
 
+    /// The background colour is only changed, and only put back, for opaque text.
     void Apply(int transparent, COLORREF background, COLORREF color)
     {
         m_opaque = !transparent;
@@ -71,7 +78,9 @@ public:
     TextCanvas& operator=(const TextCanvas&) = delete;
 
     HDC Handle() const { return m_dc; }
+    /// The canvas owns the font; without one the default font stays.
     void SelectFont(HFONT font) { m_previousFont = Select(m_font = font); }
+    /// The canvas owns the bitmap. False when there is none to draw into.
     bool SelectBitmap(HBITMAP bitmap)
     {
         m_previousBitmap = Select(m_bitmap = bitmap);
@@ -95,11 +104,13 @@ private:
     HGDIOBJ m_previousBitmap = nullptr;
 };
 
+/// A character height in pixels, as the negative number that font records want. `points` are 1/72 inch.
 int FontUnits(int points, int pixelsPerInch)
 {
     return SaturatedDifference(0, ::MulDiv(points, pixelsPerInch, 72));
 }
 
+/// Width and height in pixels of the text in the selected font; (0, 0) when it can't be measured.
 SIZE GetExtent(HDC dc, const CString& text)
 {
     SIZE extent = {};
@@ -133,6 +144,8 @@ void CopyText(HDC canvas, HDC target, SIZE extent, KPoint center, COLORREF backg
 
 } // namespace
 
+// The width is set like the height, which stretches the characters. The record keeps the last size; the font is the
+// caller's.
 HFONT CKPainter::CreateInformationFont(int pointSize)
 {
     m_informationFont.lfHeight = FontUnits(pointSize, GetScreenCaps(LOGPIXELSY));
@@ -150,17 +163,23 @@ void CKPainter::DrawWindowFontText(CDC* dc, int transparent, COLORREF color, CSt
     TextSettings settings(dc, CreateInformationFont(pixelHeight));
     settings.Apply(transparent, m_backgroundReplacement, color);
 
+    // The text box hangs from its bottom centre, so the anchor moves down by most of a line: the anchor comes to lie at
+    // the text's middle. A turned text takes the shift along.
     KPoint anchor = D(x, y);
     const int shift = SaturatedToInt(pixelHeight * kAnchorShift);
+    // Whole turns count as none, so that upright text keeps its exact pixels.
     const bool rotated = std::fmod(angle, 360.0f) != 0.0f;
     const KPoint move = rotated ? GetTurnedShift(angle, shift) : KPoint{0, shift};
     anchor = {SaturatedSum(anchor.x, move.x), SaturatedSum(anchor.y, move.y)};
 
+    // Only the glyphs turn here, the anchor has moved by the angle asked for.
     // On a mirrored board upright text would stand on its head; text along the x axis reads the same both ways.
     float turn = angle;
     if (m_boardMirror && std::fmod(angle, 180.0f) != 0.0f)
         turn = static_cast<float>(angle + 180.0);
 
+    // From here on the context is in advanced mode. It stays so, under the board's transform: the text may be one of
+    // many in a body that is drawn under it.
     const float dx = static_cast<float>(anchor.x);
     const float dy = static_cast<float>(anchor.y);
     const XFORM placed = rotated ? GenerateXFormRotated(turn, dx, dy) : GenerateXFormTranslated(dx, dy);
@@ -181,13 +200,16 @@ void CKPainter::DrawWindowFontTextNoWorldTransform(CDC* dc, int transparent, COL
     if (!memory)
         return;
 
+    // Negative: the height of the characters without the leading above them.
     canvas.SelectFont(::CreateFontA(SaturatedDifference(0, T(height)), 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0,
                                     0, 0, 0, "Tahoma"));
     const SIZE extent = GetExtent(memory, text);
     const KPoint center = D(x, y);
+    // Text without extent gets a bitmap of one pixel, of which nothing is copied.
     if (!canvas.SelectBitmap(::CreateBitmap(extent.cx, extent.cy, 1, 1, nullptr)))
         return;
 
+    // The colours meet in one bit. What the canvas had as background before is what CopyText recognises the text by.
     ::SetTextColor(memory, color);
     const int previousMode = ::SetBkMode(memory, transparent ? TRANSPARENT : OPAQUE);
     const COLORREF background = ::SetBkColor(memory, transparent ? m_backgroundTransparent : m_backgroundReplacement);
@@ -197,6 +219,7 @@ void CKPainter::DrawWindowFontTextNoWorldTransform(CDC* dc, int transparent, COL
     ::SetBkColor(memory, background);
 }
 
+// The form that shapes call: colour first, then transparency.
 void CKPainter::DrawTextNoWorldTransform(CDC* dc, COLORREF color, int transparent, CString text, double x, double y,
                                          double height)
 {
@@ -208,6 +231,7 @@ void CKPainter::DrawTextA(CDC* dc, COLORREF color, CString text, double x, doubl
     constexpr int kPoints = 10;
     constexpr int kDrop = 10; // pixels
 
+    // The caller may be in the middle of a body: the identity is set first, and the board's transform again at the end.
     const XFORM identity = GenerateXFormOriginal();
     ::SetGraphicsMode(dc->m_hDC, GM_ADVANCED);
     ::SetWorldTransform(dc->m_hDC, &identity);
@@ -224,6 +248,7 @@ void CKPainter::DrawTextA(CDC* dc, COLORREF color, CString text, double x, doubl
     dc->SetBkMode(OPAQUE);
     dc->SetTextColor(color);
     dc->SetTextAlign(kAlignment);
+    // Callers pass the negated point. On a mirrored board D negates x once more, so there x keeps its sign.
     const KPoint point = D(-x, -y);
     const int below = SaturatedSum(point.y, kDrop);
     CRect box(point.x, below, point.x, below);
@@ -235,6 +260,7 @@ void CKPainter::DrawTextA(CDC* dc, COLORREF color, CString text, double x, doubl
 
 KPointD CKPainter::GetTextSize(CDC* dc, CString text)
 {
+    // A fresh context has the default font whatever `dc` has selected.
     const TextCanvas canvas(dc ? dc->m_hDC : nullptr);
     if (!canvas.Handle())
         return {0.0, 0.0};

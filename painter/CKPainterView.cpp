@@ -1,12 +1,20 @@
+// Mapping between the board and the device, and the operations that move the view.
+//
+// k, the pixels of one millimetre on the device, is pixels per mm x scale. The view is: the logical centre (mm, in
+// mirrored form while the board is mirrored) is shown at the physical centre (pixels). Fitting and zooming only ever
+// change the logical centre and the scale; frames set the physical centre.
 #include "painter/PainterMapping.h"
 
 #include <utility>
 
 namespace {
 
+// An empty centre asks the next frame to fit the target area. Only x tells: y may hold anything.
 // The x of an empty logical centre: the largest finite double, compared exactly.
 constexpr double kEmptyCenter = 0x1.fffffffffffffp+1023;
 
+// Far below these a whole board is less than a pixel, and a wheel turned on would lose it for good. The finer limit is
+// for areas of many boards.
 constexpr double kSmallestScale = 0.001;
 constexpr double kSmallestFineScale = 1e-06;
 
@@ -22,6 +30,7 @@ double PixelDifference(int a, int b)
 
 // ---- Mapping
 
+// X, Y and lengths convert alike: the flip of y, the mirror and the shift belong to the world transform.
 int CKPainter::TranslateCoordX(double x)
 {
     return T(x);
@@ -67,6 +76,8 @@ KPointD CKPainter::GetLogicalCoordFromPhysicalCoord(CPoint& pixel)
     return GetLogicalCoordFromPhysicalCoord(pixel.x, pixel.y);
 }
 
+// The exact inverse of D up to the rounding of pixels: the mirror is taken out of the whole sum, since the centre in it
+// is in mirrored form as well.
 double CKPainter::GetLogicalCoordFromPhysicalCoordX(int px)
 {
     const double x = PixelDifference(px, m_physicalCenterX) / PixelsPerUnit() + m_logicalCenterX;
@@ -85,6 +96,7 @@ double CKPainter::GetLogicalRateFromPhysicalRate(int pixels)
 
 int CKPainter::IsScreenOverlapped(double xmin, double xmax, double ymin, double ymax)
 {
+    // The last comparison stands the other way round on purpose: a ymax that is no number then counts as outside.
     if (m_screenLeft > xmax || xmin > m_screenRight || ymin > m_screenTop)
         return 0;
     return m_screenBottom <= ymax ? 1 : 0;
@@ -115,6 +127,8 @@ XFORM CKPainter::GenerateXFormMirrorY(int mirror)
     return {mirror ? -1.0f : 1.0f, 0.0f, 0.0f, -1.0f, static_cast<float>(dx), static_cast<float>(dy)};
 }
 
+// Radians, cosine and sine in single precision: a right angle keeps a residue of 4e-8 and is never exactly
+// axis-parallel.
 XFORM CKPainter::GenerateXFormRotated(float angle, float dx, float dy)
 {
     const float radians = angle * kPiF / 180.0f;
@@ -127,6 +141,8 @@ XFORM CKPainter::GenerateXFormRotated(float angle, float dx, float dy)
 
 void CKPainter::UpdateLogicalScreenSide(int width, int height)
 {
+    // Symmetric about the logical centre wherever that is shown. With the mirror the rectangle is in board coordinates
+    // again, so that hosts can compare it with their shapes.
     const double k = PixelsPerUnit();
     const KPointD center = GetLogicalCoordFromPhysicalCoord(m_physicalCenterX, m_physicalCenterY);
     const double halfWidth = width / k * 0.5;
@@ -148,6 +164,7 @@ void CKPainter::MovedOriginByPhysicalDistance(int dx, int dy)
 
 double CKPainter::ZoomInScale(double factor)
 {
+    // No upper limit: coordinates saturate long before the scale does.
     const double previous = m_scale;
     m_scale = m_scale * factor;
     return previous;
@@ -157,6 +174,8 @@ double CKPainter::ZoomOutScale(double factor, int fine)
 {
     const double previous = m_scale;
     const double reduced = m_scale / factor;
+    // Strictly below the limit is refused, and the scale is kept rather than clamped: repeated steps in and out then
+    // meet the same scales again.
     if (!(reduced < (fine ? kSmallestFineScale : kSmallestScale)))
         m_scale = reduced;
     return previous;
@@ -168,6 +187,8 @@ void CKPainter::ZoomArea(int width, int height, double centerX, double centerY, 
     FitArea(width, height, centerX, centerY, areaWidth, areaHeight, ratio);
 }
 
+// Hosts hold such boxes in single precision. Their centre and extent stay in it, so that a box that is empty in single
+// precision is empty here.
 void CKPainter::ZoomAreaByMinMax(int width, int height, float x1, float y1, float x2, float y2, double ratio)
 {
     if (x2 < x1)
@@ -197,6 +218,7 @@ void CKPainter::FitArea(int width, int height, double centerX, double centerY, d
         areaWidth = areaHeight;
     }
 
+    // The tighter direction decides; in the other one the area is centred.
     SetLogicalCenter(centerX, centerY);
     const double scaleX = width / (m_pixelsPerMM * areaWidth) * ratio;
     const double scaleY = height / (m_pixelsPerMM * areaHeight) * ratio;
@@ -204,6 +226,7 @@ void CKPainter::FitArea(int width, int height, double centerX, double centerY, d
     UpdateLogicalScreenSide(width, height);
 }
 
+// The scale stays: with an empty centre the next frame finds its own.
 void CKPainter::Init(CView*)
 {
     SetLogicalCenterToEmpty();
@@ -217,6 +240,7 @@ void CKPainter::Init()
     CKPainter::Init(nullptr);
 }
 
+// Nothing is computed here: the size of the client area is known only when the next frame is set up.
 void CKPainter::FitToWindow()
 {
     SetLogicalCenterToEmpty();
@@ -244,6 +268,7 @@ void CKPainter::SetPhysicalCenter(int x, int y)
     m_physicalCenterY = y;
 }
 
+// An area once set stays in force for all captures that follow; there is no way to unset it.
 void CKPainter::SetCaptureZoomArea(double centerX, double centerY, double areaWidth, double areaHeight)
 {
     m_captureCenterX = centerX;
