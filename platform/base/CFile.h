@@ -26,12 +26,14 @@ public:
         typeText = 0x4000,       ///< for CStdioFile
         typeBinary = 0x8000
     };
+    /// Where Seek counts from.
     enum SeekPosition
     {
         begin,
         current,
         end
     };
+    /// What GetBufferPtr is asked for.
     enum BufferCommand
     {
         bufferRead,
@@ -39,6 +41,7 @@ public:
         bufferCommit,
         bufferCheck
     };
+    /// What GetBufferPtr answers to bufferCheck.
     enum BufferFlags
     {
         bufferDirect = 0x01,
@@ -93,9 +96,9 @@ private:
 class KOLM_API CStdioFile : public CFile
 {
 public:
-    CStdioFile() = default;
-    CStdioFile(LPCTSTR path, UINT openFlags);
-    ~CStdioFile() override;
+    CStdioFile() = default;                   ///< not open
+    CStdioFile(LPCTSTR path, UINT openFlags); ///< open, or raises
+    ~CStdioFile() override;                   ///< closes the file; never raises, so Close() is where a full disk shows
 
     BOOL Open(LPCTSTR path, UINT openFlags, CFileException* error = nullptr) override;
     UINT Read(void* bytes, UINT count) override;
@@ -133,7 +136,7 @@ private:
 class KOLM_API CMemFile : public CFile
 {
 public:
-    explicit CMemFile(UINT growBytes = 1024); ///< open and empty; grows in multiples of `growBytes`
+    explicit CMemFile(UINT growBytes = 1024); ///< open and empty; grows in multiples of `growBytes`, with 0 never
     CMemFile(BYTE* block, UINT size, UINT growBytes = 0);
     ~CMemFile() override; ///< frees the file's own block, never an attached one
 

@@ -18,5 +18,5 @@ public:
     virtual void Serialize(CArchive& ar);
 
 protected:
-    CObject() = default;
+    CObject() = default; ///< only as a part of something
 };

@@ -1,6 +1,6 @@
 #include "base/CFile.h"
 
-#include "base/SystemError.h"
+#include "base/winkernel.h"
 
 #include <cerrno>
 #include <cstring>
@@ -106,7 +106,9 @@ ULONGLONG CStdioFile::GetLength() const
 void CStdioFile::SetLength(ULONGLONG length)
 {
     Flush(); // bytes that wait in the buffer would be written behind the cut
-    if (length > ULONGLONG(INT64_MAX) || ::ftruncate(::fileno(m_stream), off_t(length)) != 0)
+    if (length > ULONGLONG(INT64_MAX))
+        AfxThrowFileException(CFileException::diskFull, LONG(ERROR_DISK_FULL), m_path);
+    if (::ftruncate(::fileno(m_stream), off_t(length)) != 0)
         ThrowSystemError();
     Seek(LONGLONG(length), begin);
 }

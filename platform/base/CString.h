@@ -22,11 +22,11 @@
 class KOLM_API CString
 {
 public:
-    CString() = default;
+    CString() = default; ///< the empty text
     CString(const CString&) = default;
     CString(CString&& other) noexcept : m_text(std::move(other.m_text)) { other.m_text.clear(); }
     CString(LPCSTR text) : m_text(text ? text : "") {}
-    CString(const wchar_t* text);
+    CString(const wchar_t* text);              ///< wide text becomes UTF-8; null is the empty text
     CString(LPCSTR bytes, int length);         ///< exactly `length` bytes; a negative length raises
     CString(const wchar_t* units, int length); ///< exactly `length` units; a negative length raises
     explicit CString(char ch, int repeat = 1); ///< a repeat of 0 or less gives the empty text
@@ -35,10 +35,12 @@ public:
     CString& operator=(CString&& other) noexcept;
     CString& operator=(LPCSTR text);
     CString& operator=(const wchar_t* text);
-    CString& operator=(char ch);
+    CString& operator=(char ch); ///< a text of this one byte, a zero byte too
 
+    /// The number of bytes, a zero byte counting like others.
     int GetLength() const { return int(m_text.size()); }
     bool IsEmpty() const { return m_text.empty(); }
+    /// The bytes with a zero behind them. The pointer holds until the next call that is not const.
     LPCSTR GetString() const { return m_text.c_str(); }
     operator LPCSTR() const { return m_text.c_str(); }
 
@@ -71,13 +73,17 @@ public:
     int Compare(LPCSTR other) const { return Sign(m_text.compare(other ? other : "")); }
     int CompareNoCase(LPCSTR other) const; ///< as if both were in lower case
 
+    /// Becomes the empty text.
     void Empty() { m_text.clear(); }
+    /// @name Adds to the end. The text may be a part of this one; null adds nothing.
+    /// @{
     CString& Append(LPCSTR text);
     CString& Append(LPCSTR bytes, int length);
     CString& AppendChar(char ch);
     CString& operator+=(const CString& other);
     CString& operator+=(LPCSTR text) { return Append(text); }
     CString& operator+=(char ch) { return AppendChar(ch); }
+    /// @}
 
     int Insert(int index, LPCSTR text); ///< `index` is cut to the text; returns the new length
     int Insert(int index, char ch);
@@ -85,6 +91,7 @@ public:
     int Remove(char ch);                  ///< returns how many there were
     int Replace(char from, char to);      ///< returns how many changed
     int Replace(LPCSTR from, LPCSTR to);  ///< left to right, not inside what was put in; an empty `from` does nothing
+    /// Maps the letters A to Z; all other bytes stay.
     CString& MakeUpper();
     CString& MakeLower();
 
@@ -142,7 +149,10 @@ private:
     std::string m_text;
 };
 
+/// The platform's name for the narrow string where the other one depends on build settings.
 using CStringA = CString;
+
+/// Joins texts; zero bytes within a CString are kept.
 
 KOLM_API CString operator+(const CString& a, const CString& b);
 KOLM_API CString operator+(const CString& a, LPCSTR b);

@@ -12,8 +12,11 @@
 
 /// The reason of the last failure on the calling thread; calls that succeed leave it alone unless they say otherwise.
 KOLM_API DWORD GetLastError();
+
+/// Sets that reason, for instance to NO_ERROR before a call that says more through it than through its result.
 KOLM_API void SetLastError(DWORD code);
 
+// The reasons that calls of this header give; ERROR_GEN_FAILURE stands for what the system has no better word for.
 constexpr DWORD NO_ERROR = 0;
 constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
 constexpr DWORD ERROR_PATH_NOT_FOUND = 3;
@@ -31,10 +34,11 @@ constexpr DWORD ERROR_ALREADY_EXISTS = 183;
 
 // --- Global memory ---------------------------------------------------------------------------------------------------
 
+// How a block is made: it stays where it is or may move when its size changes, and it may start out cleared.
 constexpr UINT GMEM_FIXED = 0x0000;
 constexpr UINT GMEM_MOVEABLE = 0x0002;
 constexpr UINT GMEM_ZEROINIT = 0x0040;
-constexpr UINT GPTR = GMEM_FIXED | GMEM_ZEROINIT;
+constexpr UINT GPTR = GMEM_FIXED | GMEM_ZEROINIT; // usual pairs
 constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;
 
 /// A new block of exactly `bytes` bytes (0 is a size like any other), aligned for every type; null when there is no
@@ -61,19 +65,22 @@ KOLM_API BOOL GlobalUnlock(HGLOBAL block);
 
 // --- Files -----------------------------------------------------------------------------------------------------------
 
+/// What opening a file gives when it fails. Not null, as other handles would be.
 #define INVALID_HANDLE_VALUE (reinterpret_cast<HANDLE>(INT_PTR(-1)))
 
+// What the opener wants to do with the file; both may be combined.
 constexpr DWORD GENERIC_READ = 0x80000000;
 constexpr DWORD GENERIC_WRITE = 0x40000000;
 
 constexpr DWORD FILE_SHARE_READ = 1;
 constexpr DWORD FILE_SHARE_WRITE = 2;
 
-constexpr DWORD CREATE_NEW = 1;
-constexpr DWORD CREATE_ALWAYS = 2;
-constexpr DWORD OPEN_EXISTING = 3;
-constexpr DWORD OPEN_ALWAYS = 4;
-constexpr DWORD TRUNCATE_EXISTING = 5;
+// What happens when the file is there, or is not.
+constexpr DWORD CREATE_NEW = 1;        ///< fails when it is there
+constexpr DWORD CREATE_ALWAYS = 2;     ///< empties it when it is there; ERROR_ALREADY_EXISTS then tells so
+constexpr DWORD OPEN_EXISTING = 3;     ///< fails when it is not there
+constexpr DWORD OPEN_ALWAYS = 4;       ///< makes it when it is not there; otherwise ERROR_ALREADY_EXISTS tells so
+constexpr DWORD TRUNCATE_EXISTING = 5; ///< empties it, fails when it is not there; takes GENERIC_WRITE
 
 constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
 
@@ -94,6 +101,7 @@ KOLM_API BOOL ReadFile(HANDLE file, LPVOID bytes, DWORD count, LPDWORD read, OVE
 /// FALSE for anything that is not an open handle of CreateFileA.
 KOLM_API BOOL CloseHandle(HANDLE handle);
 
+/// Removes a file; FALSE when it is not there, for directories, and where the directory may not be changed.
 KOLM_API BOOL DeleteFileA(LPCSTR path);
 
 // --- Process and arithmetic ------------------------------------------------------------------------------------------

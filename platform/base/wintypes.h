@@ -20,14 +20,15 @@
 #define TRUE 1
 #endif
 
-using BOOL = int32_t;
+// Integers and the floating-point type, by width.
+using BOOL = int32_t; // any value but 0 is true; calls answer 1
 using BYTE = uint8_t;
 using CHAR = char;
 using DWORD = uint32_t;
 using FLOAT = float;
 using INT = int32_t;
 using LONG = int32_t;
-using LONGLONG = long long;
+using LONGLONG = long long; // not int64_t, which is plain long on some systems: printf and overloads tell them apart
 using SHORT = int16_t;
 using UCHAR = unsigned char;
 using UINT = uint32_t;
@@ -36,6 +37,7 @@ using ULONGLONG = unsigned long long;
 using USHORT = uint16_t;
 using WORD = uint16_t;
 
+// Integers as wide as a pointer: sizes, indices, and words that may carry either.
 using DWORD_PTR = uintptr_t;
 using INT_PTR = intptr_t;
 using LONG_PTR = intptr_t;
@@ -43,6 +45,7 @@ using SIZE_T = size_t;
 using UINT_PTR = uintptr_t;
 using ULONG_PTR = uintptr_t;
 
+// Parameters and result of a window message.
 using LPARAM = LONG_PTR;
 using LRESULT = LONG_PTR;
 using WPARAM = UINT_PTR;
@@ -116,11 +119,13 @@ constexpr WORD LOWORD(DWORD_PTR value)
     return WORD(value & 0xFFFF);
 }
 
+/// See LOWORD: bits 16 to 31.
 constexpr WORD HIWORD(DWORD_PTR value)
 {
     return WORD((value >> 16) & 0xFFFF);
 }
 
+/// The reverse of both: 16 bits of each argument, the others are dropped.
 constexpr LONG MAKELONG(DWORD_PTR low, DWORD_PTR high)
 {
     return LONG(DWORD(LOWORD(low)) | DWORD(LOWORD(high)) << 16);
