@@ -1,0 +1,17 @@
+# Runs the README's program and looks at the picture that it writes: header, and 400 x 300 pixels of 32 bits.
+file(REMOVE track.bmp)
+execute_process(COMMAND ${PROGRAM} RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+    message(FATAL_ERROR "the program ended with ${result}")
+endif()
+file(SIZE track.bmp size)
+file(READ track.bmp bytes HEX)
+if(NOT size EQUAL 480058 OR NOT bytes MATCHES "^424d")
+    message(FATAL_ERROR "track.bmp has ${size} bytes")
+endif()
+# The centre of the picture is (20, 12.5) mm, on the track: row 150 from the bottom, column 200, blue green red.
+math(EXPR at "2 * (58 + 4 * (149 * 400 + 200))")
+string(SUBSTRING "${bytes}" ${at} 6 pixel)
+if(NOT pixel STREQUAL "3434c8")
+    message(FATAL_ERROR "the track's colour is ${pixel}")
+endif()
