@@ -11,6 +11,7 @@ CKEntity::CKEntity() : m_pickedColor(kPickedRed), m_color(kWhite) {}
 
 CKEntity::~CKEntity() = default;
 
+// Not the colour it had before it was picked: that one is not kept.
 void CKEntity::Unpicked()
 {
     m_picked = false;
@@ -22,6 +23,7 @@ CRectD CKEntity::GetDrawRectD()
     return m_area.GetDrawRectD();
 }
 
+// Hosts still ask for these switches; they are on for good.
 int CKEntity::IsAlphaVersionDFM()
 {
     return 1;

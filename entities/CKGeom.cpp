@@ -25,6 +25,8 @@ int CKGeom::operator!=(const CKGeom& other) const
     return !(*this == other);
 }
 
+// The header has two versions: its own, which guards the offset and the corners, and the one inside the record of the
+// corners.
 void CKGeom::Serialize(CArchive& ar)
 {
     int version = 1;
@@ -60,6 +62,7 @@ CKGeom* CKGeom::GenerateClone()
     return nullptr;
 }
 
+// A temporary pair is no shape and takes no object number.
 int CKGeom::HasDefaultGeometry() const
 {
     return m_offsetX == 0 && m_offsetY == 0 && m_minMax == CKTwoPointD();

@@ -8,6 +8,7 @@ CKGeomArc::CKGeomArc(double startX, double startY, double endX, double endY, dou
       m_thickness(thickness)
 {}
 
+// Also by direction: the same three points describe two arcs.
 int CKGeomArc::operator==(const CKGeomArc& other) const
 {
     if (this == &other)
@@ -27,6 +28,7 @@ void CKGeomArc::Serialize(CArchive& ar)
     CKGeom::Serialize(ar);
     int version = 1;
     if (ar.IsStoring()) {
+        // The thickness stands between the end and the centre.
         ar << version << m_startX << m_startY << m_endX << m_endY << m_thickness;
         ar << m_centerX << m_centerY << m_direction;
         return;

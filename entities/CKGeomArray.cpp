@@ -34,6 +34,7 @@ void DestroyLevel(CKGeom* const* shapes, INT_PTR count)
 {
     if (runningTeardown->level >= kDirectLevels && Postpone(shapes, count))
         return;
+    // Index order within a list holds in any case; only lists in lists below the limit wait for their turn.
     ++runningTeardown->level;
     for (INT_PTR i = 0; i < count; ++i)
         delete shapes[i];
@@ -79,6 +80,7 @@ void CKGeomArray::DeleteElements()
 {
     if (IsEmpty())
         return;
+    // The shapes are handed over as plain pointers, so postponed ones do not need the buffer, which goes next.
     DestroyShapes(GetData(), GetSize());
     RemoveAll();
 }

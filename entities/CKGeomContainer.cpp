@@ -41,6 +41,7 @@ int IsSameElement(const CKGeom* a, const CKGeom* b)
 
 CKGeomContainer::CKGeomContainer() = default;
 
+// For CKGeomTreeCopy, which fills it later: through CKGeom's copy, since a plain constructor would take a number.
 CKGeomContainer::CKGeomContainer(const CKGeom& fields) : CKGeom(fields) {}
 
 CKGeomContainer::CKGeomContainer(const CKGeomContainer& other) : CKGeom(other)
@@ -75,6 +76,7 @@ int CKGeomContainer::operator!=(const CKGeomContainer& other) const
     return !(*this == other);
 }
 
+// Through CKGeom's comparison, which is not virtual: order, offset and corners decide, kinds and fields do not.
 int CKGeomContainer::IsElementEqual(const CKGeomContainer& other) const
 {
     const int count = GetCount();
@@ -95,6 +97,7 @@ void CKGeomContainer::Serialize(CArchive& ar)
         Load(ar);
 }
 
+// Two walks, since the count stands before the elements and leaves the nulls out.
 void CKGeomContainer::Store(CArchive& ar)
 {
     const NestingLevel level;
@@ -114,6 +117,7 @@ void CKGeomContainer::Store(CArchive& ar)
     }
 }
 
+// The old elements go before anything is read, also when the archive then turns out to be empty.
 void CKGeomContainer::Load(CArchive& ar)
 {
     DeleteElements();
@@ -131,9 +135,10 @@ void CKGeomContainer::Load(CArchive& ar)
         std::unique_ptr<CKGeom> shape(NewCKGeom(type));
         if (!shape)
             AfxThrowArchiveException(CArchiveException::badSchema);
+        // Until it is read whole, the shape is the loop's, which frees it when the archive ends early.
         shape->Serialize(ar);
         Add(shape.get());
-        shape.release();
+        (void)shape.release(); // the list owns it now
     }
 }
 
@@ -187,6 +192,7 @@ void CKGeomContainer::Add(CKGeom* shape)
     m_elements->Add(shape);
 }
 
+// The platform's array raises for a bad index.
 CKGeom* CKGeomContainer::GetAt(int i) const
 {
     return m_elements ? m_elements->GetAt(i) : nullptr;
@@ -197,6 +203,7 @@ CKGeom* CKGeomContainer::GetLastElement()
     return m_elements ? m_elements->GetLastElement() : nullptr;
 }
 
+// Too large is a no-op, negative reaches the array and raises there.
 void CKGeomContainer::RemoveAt(int i)
 {
     if (m_elements && i < m_elements->GetSize())

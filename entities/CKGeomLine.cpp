@@ -8,6 +8,7 @@ CKGeomLine::CKGeomLine(double startX, double startY, double endX, double endY, d
     : m_startX(startX), m_startY(startY), m_endX(endX), m_endY(endY), m_thickness(thickness)
 {}
 
+// Directed: a line and its reverse are not equal.
 int CKGeomLine::operator==(const CKGeomLine& other) const
 {
     if (this == &other)
@@ -46,6 +47,7 @@ int CKGeomLine::GetType()
     return 2;
 }
 
+// Offsets are a matter of drawing, measuring works on the stored coordinates.
 double CKGeomLine::GetDistance()
 {
     return CKMath::GetDistance(m_startX, m_startY, m_endX, m_endY);
@@ -56,6 +58,7 @@ double CKGeomLine::GetDistance(double x, double y)
     return CKMath::GetDistance(m_startX, m_startY, m_endX, m_endY, x, y);
 }
 
+// A float that is widened, so that it compares equal to what CKMath says.
 double CKGeomLine::GetLineAngle()
 {
     return CKMath::GetLineAngle(m_startX, m_startY, m_endX, m_endY);

@@ -24,6 +24,7 @@ void CKGeomPoint::Serialize(CArchive& ar)
         ar << version << m_x << m_y;
         return;
     }
+    // Below 1 the section ends here and the point stays where it is.
     ar >> version;
     if (version >= 1)
         ar >> m_x >> m_y;
@@ -39,6 +40,7 @@ int CKGeomPoint::GetType()
     return 4;
 }
 
+// Unlike clone() a fresh shape with a number of its own; only the place comes along.
 CKGeom* CKGeomPoint::GenerateClone()
 {
     return new CKGeomPoint(m_x, m_y);

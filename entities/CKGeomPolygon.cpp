@@ -37,6 +37,8 @@ int CKGeomPolygon::operator!=(const CKGeomPolygon& other) const
     return !(*this == other);
 }
 
+// A container that was not made yet is an empty one in its default state. It is not made here: comparing must not
+// change anything, and a new container would take an object number.
 int CKGeomPolygon::IsSameContent(const CKGeomContainer* a, const CKGeomContainer* b)
 {
     if (a == b)
@@ -47,6 +49,7 @@ int CKGeomPolygon::IsSameContent(const CKGeomContainer* a, const CKGeomContainer
     return made->GetCount() == 0 && made->HasDefaultGeometry();
 }
 
+// Both containers are archived always, made for the purpose if need be: the record has no mark for a missing one.
 void CKGeomPolygon::Serialize(CArchive& ar)
 {
     int version = 1;
@@ -71,6 +74,7 @@ int CKGeomPolygon::GetType()
     return 6;
 }
 
+// On first use, and then for the life of the polygon: loading and hosts keep pointers to it.
 CKGeomContainer* CKGeomPolygon::getOutline()
 {
     if (!m_outline)

@@ -9,6 +9,7 @@ CKGeom* CKGeomRectangle::clone() const
     return new CKGeomRectangle(*this);
 }
 
+// Sizes are formed in double and narrowed once.
 void CKGeomRectangle::SetData(double x1, double x2, double y1, double y2, float rotation)
 {
     m_centerX = (x1 + x2) * 0.5;
@@ -18,6 +19,7 @@ void CKGeomRectangle::SetData(double x1, double x2, double y1, double y2, float 
     m_rotation = rotation;
 }
 
+// The edges widen the float size before it is halved, so left and right are a float's width apart.
 double CKGeomRectangle::getLeft()
 {
     return m_centerX - static_cast<double>(m_width) * 0.5;

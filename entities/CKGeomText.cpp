@@ -1,9 +1,12 @@
 #include "entities/CKGeomText.h"
 
+#include <utility>
+
 CKGeomText::CKGeomText(CString text, double x, double y, float angle, int fontSize)
-    : m_text(text), m_x(x), m_y(y), m_angle(angle), m_fontSize(fontSize)
+    : m_text(std::move(text)), m_x(x), m_y(y), m_angle(angle), m_fontSize(fontSize)
 {}
 
+// The font size counts although archives drop it: two texts that look different are not equal.
 int CKGeomText::operator==(const CKGeomText& other) const
 {
     if (this == &other)

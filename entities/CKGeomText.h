@@ -4,6 +4,8 @@
 
 #include "entities/CKGeom.h"
 
+#include <utility>
+
 /// A text at a point, type code 1: a narrow string, a position in logical millimetres, an angle in degrees (kept, not
 /// drawn) and a font size in device pixels, the same at every zoom.
 ///
@@ -30,7 +32,7 @@ public:
     virtual void Draw(CKPainter* painter, CDC* dc);
 
     CString GetText() { return m_text; }
-    void SetText(CString text) { m_text = text; }
+    void SetText(CString text) { m_text = std::move(text); }
     double GetX() { return m_x; }
     double GetY() { return m_y; }
     void SetX(double x) { m_x = x; }

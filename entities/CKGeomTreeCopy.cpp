@@ -18,14 +18,16 @@ void CKGeomTreeCopy::CopyContainers(const CKGeomPolygon& source, CKGeomPolygon& 
 
 void CKGeomTreeCopy::Run()
 {
+    // The last task first: the list stays short for wide trees and long only for deep ones.
     while (!m_tasks.empty()) {
         const Task task = m_tasks.back();
         m_tasks.pop_back();
         const int count = task.source->GetCount();
         for (int i = 0; i < count; ++i) {
+            // A copied container is still empty when it is added; its own task fills it in its place.
             std::unique_ptr<CKGeom> shape = CopyShape(task.source->GetAt(i));
             task.target->Add(shape.get());
-            shape.release();
+            (void)shape.release(); // the list owns it now
         }
     }
 }
@@ -45,6 +47,7 @@ std::unique_ptr<CKGeom> CKGeomTreeCopy::CopyShape(const CKGeom* shape)
     return std::unique_ptr<CKGeom>(shape->clone());
 }
 
+// The new container is owned by the caller before its task runs, and containers never move.
 std::unique_ptr<CKGeomContainer> CKGeomTreeCopy::CopyLater(const CKGeomContainer* source)
 {
     if (!source)

@@ -2,6 +2,7 @@
 
 CArrayArrayPointD::CArrayArrayPointD() = default;
 
+// Element by element through the assignment of the point lists, so nothing is shared with the source.
 CArrayArrayPointD::CArrayArrayPointD(const CArrayArrayPointD& other) : CArray<CArrayPointD, const CArrayPointD&>()
 {
     Copy(other);

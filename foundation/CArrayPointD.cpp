@@ -2,6 +2,7 @@
 
 CArrayPointD::CArrayPointD() = default;
 
+// The platform's arrays cannot be copied by themselves. Copy() takes over the size and each element by its assignment.
 CArrayPointD::CArrayPointD(const CArrayPointD& other) : CArray<CPointD, const CPointD&>()
 {
     Copy(other);

@@ -1,5 +1,6 @@
 #include "foundation/CArrayRectF.h"
 
+// Index order counts: the same rectangles in another order are another list.
 int CArrayRectF::operator==(const CArrayRectF& other) const
 {
     if (this == &other)

@@ -4,6 +4,7 @@
 
 CJpeg::~CJpeg() = default;
 
+// The shared types know how files are named, the platform layer how pictures are coded.
 int CJpeg::ConvertBMPToJPG(const char* bitmapFile, const char* jpegFile)
 {
     if (!bitmapFile || !jpegFile)

@@ -4,6 +4,7 @@
 
 float CKPointF::GetDistance(float x, float y)
 {
+    // Squares of millimetres leave the range of float from about 1.8e19 on; the distance is infinite then.
     const float dx = x - m_x;
     const float dy = y - m_y;
     return std::sqrt(dy * dy + dx * dx);

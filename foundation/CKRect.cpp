@@ -20,6 +20,7 @@ int CKRect::GetHeight()
     return SaturatedDifference(m_bottom, m_top);
 }
 
+// Signed sizes: of two negative ones the one nearer to zero is the larger.
 int CKRect::GetMaxSize()
 {
     const int width = GetWidth();

@@ -7,6 +7,7 @@ CKRectD::CKRectD(double left, double right, double bottom, double top)
     : m_left(left), m_right(right), m_bottom(bottom), m_top(top), m_initialized(1)
 {}
 
+// Set() marks the edges as known, also those of a rectangle that holds nothing; a box that was assigned is a box.
 CKRectD& CKRectD::operator=(const CKRectD& other)
 {
     if (this != &other)
@@ -31,6 +32,7 @@ void CKRectD::Set(double left, double right, double bottom, double top)
     m_initialized = 1;
 }
 
+// The sizes of a rectangle that is not arranged are those it would have arranged.
 double CKRectD::GetWidth() const
 {
     return std::fabs(m_right - m_left);
@@ -58,6 +60,7 @@ double CKRectD::GetMaxSize()
     return width > height ? width : height;
 }
 
+// Written as the mirror image of GetMaxSize(): with a NaN both fall through to the second size.
 double CKRectD::GetMinSize()
 {
     const double width = GetWidth();
@@ -90,6 +93,7 @@ void CKRectD::MergePoint(double x, double y)
     Merge(x, x, y, y);
 }
 
+// Strict comparisons: an equal edge keeps its bits, and a NaN, which is neither smaller nor larger, moves nothing.
 void CKRectD::Merge(double left, double right, double bottom, double top)
 {
     if (!m_initialized) {
@@ -106,11 +110,13 @@ void CKRectD::Merge(double left, double right, double bottom, double top)
         m_top = top;
 }
 
+// The flag of the other one is not asked: whoever gathers boxes that may hold nothing has to look at it first.
 void CKRectD::Merge(CKRectD other)
 {
     Merge(other.m_left, other.m_right, other.m_bottom, other.m_top);
 }
 
+// An edge pair with a NaN is never the wrong way round.
 void CKRectD::Arrange()
 {
     if (m_left > m_right)
@@ -119,6 +125,7 @@ void CKRectD::Arrange()
         std::swap(m_bottom, m_top);
 }
 
+// y points upward here, so the top-left corner has the larger y.
 CRectD CKRectD::GetDrawRectD() const
 {
     return CRectD(m_left, m_top, GetWidth(), GetHeight());

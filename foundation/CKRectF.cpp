@@ -7,6 +7,7 @@ CKRectF::CKRectF(float left, float right, float bottom, float top)
     : m_left(left), m_right(right), m_bottom(bottom), m_top(top), m_initialized(1)
 {}
 
+// Set() marks the edges as known, also those of a rectangle that holds nothing; a box that was assigned is a box.
 CKRectF& CKRectF::operator=(const CKRectF& other)
 {
     if (this != &other)
@@ -31,6 +32,7 @@ void CKRectF::Set(float left, float right, float bottom, float top)
     m_initialized = 1;
 }
 
+// The sizes of a rectangle that is not arranged are those it would have arranged.
 float CKRectF::GetWidth() const
 {
     return std::fabs(m_right - m_left);
@@ -58,6 +60,7 @@ float CKRectF::GetMaxSize()
     return width > height ? width : height;
 }
 
+// Written as the mirror image of GetMaxSize(): with a NaN both fall through to the second size.
 float CKRectF::GetMinSize()
 {
     const float width = GetWidth();
@@ -94,6 +97,7 @@ void CKRectF::MergePoint(float x, float y)
     Merge(x, x, y, y);
 }
 
+// Strict comparisons: an equal edge keeps its bits, and a NaN, which is neither smaller nor larger, moves nothing.
 void CKRectF::Merge(float left, float right, float bottom, float top)
 {
     if (!m_initialized) {
@@ -116,6 +120,7 @@ void CKRectF::Merge(CKRectF* other)
         Merge(other->m_left, other->m_right, other->m_bottom, other->m_top);
 }
 
+// An edge pair with a NaN is never the wrong way round.
 void CKRectF::Arrange()
 {
     if (m_left > m_right)
@@ -124,6 +129,7 @@ void CKRectF::Arrange()
         std::swap(m_bottom, m_top);
 }
 
+// Edges move one by one in float; nothing checks whether a shrunken rectangle still has its edges in order.
 void CKRectF::Expand(float distance)
 {
     m_left -= distance;
@@ -132,6 +138,7 @@ void CKRectF::Expand(float distance)
     m_top += distance;
 }
 
+// Goes through the edges, not through the copy constructor: a clone counts as set.
 CKRectF* CKRectF::GetClone()
 {
     return new CKRectF(m_left, m_right, m_bottom, m_top);

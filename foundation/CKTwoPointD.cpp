@@ -12,6 +12,7 @@ int CKTwoPointD::operator!=(const CKTwoPointD& other) const
     return !(*this == other);
 }
 
+// Values go straight into the members as they are read, so that a record that ends early leaves what it had brought.
 void CKTwoPointD::Serialize(CArchive& ar)
 {
     int version = 1;
@@ -20,6 +21,7 @@ void CKTwoPointD::Serialize(CArchive& ar)
         return;
     }
     ar >> version;
+    // Signed: a version of -1 is below 1. Versions above 1 begin like version 1.
     if (version < 1)
         return;
     ar >> m_x1 >> m_y1 >> m_x2 >> m_y2;

@@ -2,6 +2,7 @@
 
 CPointF::~CPointF() = default;
 
+// Exact; only identity makes a NaN equal.
 int CPointF::operator==(const CPointF& other) const
 {
     return this == &other || (m_x == other.m_x && m_y == other.m_y);

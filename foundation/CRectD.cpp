@@ -11,6 +11,7 @@ CRectD* CRectD::clone() const
     return new CRectD(*this);
 }
 
+// Exact; only identity makes a NaN equal.
 int CRectD::operator==(const CRectD& other) const
 {
     if (this == &other)
@@ -31,6 +32,7 @@ void CRectD::Init()
     m_height = 0;
 }
 
+// Signed on purpose, as the sizes are kept as given.
 double CRectD::GetArea() const
 {
     return m_width * m_height;

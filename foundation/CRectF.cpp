@@ -2,6 +2,7 @@
 
 CRectF::~CRectF() = default;
 
+// Conversions round to nearest; the infinities of IEEE arithmetic stand for what float cannot hold.
 CRectF& CRectF::operator=(const CRectD& other)
 {
     m_left = static_cast<float>(other.GetLeft());

@@ -50,6 +50,8 @@ float CKMath::GetPositiveAngle(float angle)
     return rest == 0.0f && angle < 0.0f ? 0.0f : rest; // full turns below zero end in +0.0
 }
 
+// Clockwise from s to e is what is left of a turn after the counter-clockwise way. The difference is rounded before
+// and after the subtraction, each time to float.
 float CKMath::GetSweepAngle(float startAngle, float endAngle, int counterClockwise)
 {
     float sweep = endAngle - startAngle;
@@ -58,11 +60,13 @@ float CKMath::GetSweepAngle(float startAngle, float endAngle, int counterClockwi
     return GetPositiveAngle(sweep);
 }
 
+// The arc tangent is taken in double and narrowed before it becomes degrees.
 float CKMath::GetLineAngle(double x1, double y1, double x2, double y2)
 {
     return GetDegree(static_cast<float>(std::atan2(y2 - y1, x2 - x1)));
 }
 
+// From the scalar product of the arms, both taken from their ends to the vertex P2.
 float CKMath::GetAngleFrom3Points(float x1, float y1, float x2, float y2, float x3, float y3)
 {
     const float dot = (x2 - x1) * (x2 - x3) + (y2 - y1) * (y2 - y3);
@@ -80,6 +84,7 @@ int CKMath::GetReversedDirection(int direction)
     return direction == 1 || direction == -1 ? -direction : direction;
 }
 
+// For callers that need a side in any case: a missing direction counts as clockwise reversed.
 int CKMath::ReverseDirection(int direction)
 {
     return direction == 1 ? -1 : 1;

@@ -5,6 +5,9 @@
 
 CKGeomArc* CKMath::GenerateArcFromThreePoints(double x1, double y1, double x2, double y2, double x3, double y3)
 {
+    // P2 is taken as the middle of the arc: the centre lies on the line through it and the chord's nearest point, as
+    // far behind the chord as P2 lies before it. It is the centre of the circle through the points only when
+    // they span 120 degrees.
     const KPointD onChord = GetDistanceLinePoint(x1, y1, x3, y3, x2, y2);
     const double sagitta = GetDistance(x2, y2, onChord.x, onChord.y);
     const KPointD center = GetDistancedLinePoint(x2, y2, onChord.x, onChord.y, sagitta);

@@ -14,6 +14,8 @@ double PositiveZero(double value)
 
 } // namespace
 
+// Flat lines keep the height of P1 exactly: a line that is meant to be horizontal but is a rounding off gives clean
+// feet, where the general formula would blur them.
 KPointD CKMath::GetDistanceInfiniteLinePoint(double x1, double y1, double x2, double y2, double px, double py)
 {
     // The line as a x + b y + c = 0.
@@ -29,6 +31,8 @@ KPointD CKMath::GetDistanceInfiniteLinePoint(double x1, double y1, double x2, do
     return {PositiveZero((w * b - c * a) / n), PositiveZero((-b * c - w * a) / n)};
 }
 
+// The candidate whose distance is that of the segment. Exact comparisons decide nearly always, in the order P, P1, P2,
+// foot; ties go to the first.
 KPointD CKMath::GetDistanceLinePoint(double x1, double y1, double x2, double y2, double px, double py)
 {
     const double d = GetDistance(x1, y1, x2, y2, px, py);
@@ -84,18 +88,21 @@ KPointD CKMath::GetDistancedLinePoint(double x1, double y1, double x2, double y2
     return GetDistanceInfiniteLinePoint(x1, y1, x2, y2, px, py);
 }
 
+// Half a turn in single precision lands some 8.7e-8 of the distance beside the true image, along the line.
 KPointD CKMath::GetSymmetricPoint(double x1, double y1, double x2, double y2, double px, double py)
 {
     const KPointD foot = GetDistanceInfiniteLinePoint(x1, y1, x2, y2, px, py);
     return GetRotatedPoint(foot.x, foot.y, px, py, 180.0f);
 }
 
+// Along the line first, then a quarter turn about P2: both roundings are part of the result.
 KPointD CKMath::GetRightAngleDistancedPoint(int left, double x1, double y1, double x2, double y2, double distance)
 {
     const KPointD ahead = GetDistancedLinePoint(x1, y1, x2, y2, distance);
     return GetRotatedPoint(x2, y2, ahead.x, ahead.y, left ? 90.0f : -90.0f);
 }
 
+// A point on the line has no side and takes the right one.
 KPointD CKMath::GetRightAngleDistancedPointToPoint(int followPoint, double x1, double y1, double x2, double y2,
                                                    double px, double py)
 {

@@ -2,6 +2,7 @@
 
 #include <limits>
 
+// Plain squares in the precision of the arguments. A scaled hypot would be safe from overflow but differ in last bits.
 float CKMath::GetDistance(float x1, float y1, float x2, float y2)
 {
     const float dx = x1 - x2;
@@ -22,6 +23,7 @@ double CKMath::GetDistance(double x1, double y1, double x2, double y2, double px
     const double dy = y2 - y1;
     // The position of P's projection along the segment. It is a NaN for a segment of no length, which is P1 anyway.
     const double t = ((px - x1) * dx + (py - y1) * dy) / (dx * dx + dy * dy);
+    // The ends t = 0 and t = 1 are interpolated like everything between them.
     double nearestX = x1 + t * dx;
     double nearestY = y1 + t * dy;
     if (t < 0.0 || (x1 == x2 && y1 == y2)) {
@@ -53,6 +55,7 @@ double CKMath::GetDistance(double x1, double y1, double x2, double y2, double x3
     return smallest;
 }
 
+// Slope and intercept in single precision. The largest float says "no single value"; callers compare with it exactly.
 float CKMath::GetLineXOrLineY(float x1, float y1, float x2, float y2, int wantY, float value)
 {
     constexpr float kNone = std::numeric_limits<float>::max();
@@ -67,6 +70,8 @@ float CKMath::GetLineXOrLineY(float x1, float y1, float x2, float y2, int wantY,
     return wantY ? slope * value + intercept : (value - intercept) / slope;
 }
 
+// The sign of the cross product of P2 - P1 and P3 - P1, negated so that the right side is positive. It is exact for
+// coordinates of up to 25 bits; beyond, rounding may call points near the line collinear or swap their side.
 int CKMath::GetRelativeDirection(double x1, double y1, double x2, double y2, double x3, double y3)
 {
     const double dx = x2 - x1;

@@ -13,6 +13,7 @@ void Mirror(Real& x, int mirror)
         x = -x;
 }
 
+// Exactly 0 only: 360 degrees are turned and leave their rounding in the point.
 template <typename Real>
 void PlacePoint(Real& x, Real& y, float angle, int mirror)
 {
@@ -21,6 +22,7 @@ void PlacePoint(Real& x, Real& y, float angle, int mirror)
     Mirror(x, mirror);
 }
 
+// One turn for both points: cosine and sine are the costly part.
 template <typename Real>
 void PlacePoints(Real& x1, Real& y1, Real& x2, Real& y2, float angle, int mirror)
 {
@@ -65,6 +67,7 @@ void CKMath::TranslatePoints(float& x1, float& y1, float& x2, float& y2, float a
     PlacePoints(x1, y1, x2, y2, angle, mirror);
 }
 
+// A mirror image runs the other way round; with the sweep flag inverted the arc covers the images of its points.
 void CKMath::TranslateArc(double& cx, double& cy, double& sx, double& sy, double& ex, double& ey, int& counterClockwise,
                           float angle, int mirror)
 {
@@ -83,6 +86,7 @@ void CKMath::TranslateArc(float& cx, float& cy, float& sx, float& sy, float& ex,
         counterClockwise = counterClockwise ? 0 : 1;
 }
 
+// The element's own origin is never turned, so no angle, not even a NaN, can move it.
 KPointD CKMath::GetLibraryLocation(double x, double y, double dx, double dy, int mirror, float angle)
 {
     if (dx == 0.0 && dy == 0.0)

@@ -15,6 +15,7 @@ KPointF CKMath::GetRotatedPoint(float x, float y, float angle)
     return {turn.X(x, y), turn.Y(x, y)};
 }
 
+// The centre is added to each turned difference last; a point that is the centre keeps its bits at any angle.
 KPointD CKMath::GetRotatedPoint(double cx, double cy, double x, double y, float angle)
 {
     const Turn<double> turn(angle);
@@ -27,6 +28,7 @@ KPointF CKMath::GetRotatedPoint(float cx, float cy, float x, float y, float angl
     return {turn.X(x - cx, y - cy) + cx, turn.Y(x - cx, y - cy) + cy};
 }
 
+// Widening is exact, so only the turn and the final rounding lose anything.
 KPoint CKMath::GetRotatedPoint(int x, int y, float angle)
 {
     const KPointD turned = GetRotatedPoint(static_cast<double>(x), static_cast<double>(y), angle);
@@ -45,6 +47,7 @@ KPoint CKMath::GetRotatedPoint(int cx, int cy, int x, int y, float angle)
 
 KPointD CKMath::GetAngleToPoint(double distance, float angle)
 {
+    // The four axes by exact comparison; no normalisation comes first.
     if (angle == 0.0f)
         return {distance, 0.0};
     if (angle == 90.0f)
