@@ -27,6 +27,10 @@ TEST(CKGeomPolygon, MakesItsContainersOnFirstUse)
     EXPECT_EQ(polygon.getOutline(), outline);
     EXPECT_NE(polygon.getHole(), outline);
     EXPECT_EQ(polygon == untouched, 1) << "asking changes nothing";
+    polygon.getHole()->Add(new CKGeomLine);
+    EXPECT_EQ(polygon == untouched, 0) << "an element does";
+    polygon.getHole()->DeleteElements();
+    EXPECT_EQ(polygon == untouched, 1);
     polygon.getOutline()->SetOffsetXY(1, 0);
     EXPECT_EQ(polygon == untouched, 0);
     EXPECT_EQ(untouched == polygon, 0);
