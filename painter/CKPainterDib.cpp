@@ -26,7 +26,7 @@ public:
     /// False, and the block unchanged, when there is no memory for the new size.
     bool Resize(SIZE_T bytes)
     {
-        const HGLOBAL resized = ::GlobalReAlloc(m_block, bytes, GMEM_MOVEABLE);
+        HGLOBAL resized = ::GlobalReAlloc(m_block, bytes, GMEM_MOVEABLE);
         if (resized)
             m_block = resized;
         return resized != nullptr;
@@ -148,7 +148,7 @@ BITMAPINFO* CKPainter::DDBToDIB(CBitmap& bitmap, DWORD compression, CPalette* pa
     GlobalBlock block(::GlobalAlloc(GMEM_FIXED, sizeof header + tableSize));
     if (!block.Info())
         return nullptr;
-    const HBITMAP source = static_cast<HBITMAP>(bitmap.GetSafeHandle());
+    HBITMAP source = static_cast<HBITMAP>(bitmap.GetSafeHandle());
     const UINT rows = static_cast<UINT>(header.biHeight);
     block.Info()->bmiHeader = header;
     ::GetDIBits(screen.Handle(), source, 0, rows, nullptr, block.Info(), DIB_RGB_COLORS); // completes the header

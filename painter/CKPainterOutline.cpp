@@ -170,14 +170,12 @@ void CKPainter::AddArcPath(CDC* dc, double startX, double startY, double endX, d
 
     // Flat or small: a chord or two look the same and are drawn faster than an ellipse.
     StartOrContinue(dc, first, arc.start.x, arc.start.y);
-    if (arc.radius <= 0)
-        dc->LineTo(arc.end.x, arc.end.y);
-    else if (arc.sweep >= kSmallestTrueArc && arc.radius >= kSmallestTrueRadius)
+    if (arc.sweep >= kSmallestTrueArc && arc.radius >= kSmallestTrueRadius)
         AddTrueArc(dc, arc);
-    else if (arc.sweep < kSingleChord)
-        dc->LineTo(arc.end.x, arc.end.y);
-    else
+    else if (arc.sweep >= kSingleChord && arc.radius > 0)
         AddChords(dc, arc);
+    else
+        dc->LineTo(arc.end.x, arc.end.y);
 }
 
 void CKPainter::AddLineOutlinePath(CDC* dc, double x1, double y1, double x2, double y2, float width, int roundEnds)

@@ -194,9 +194,9 @@ void CKPainter::DrawWindowFontText(CDC* dc, int transparent, COLORREF color, CSt
 void CKPainter::DrawWindowFontTextNoWorldTransform(CDC* dc, int transparent, COLORREF color, CString text, double x,
                                                    double y, double height)
 {
-    const HDC target = dc->m_hDC;
+    HDC target = dc->m_hDC;
     TextCanvas canvas(target);
-    const HDC memory = canvas.Handle();
+    HDC memory = canvas.Handle();
     if (!memory)
         return;
 
@@ -239,7 +239,7 @@ void CKPainter::DrawTextA(CDC* dc, COLORREF color, CString text, double x, doubl
     // The font stays selected and lives until the next one takes its place, so nobody has to remember it.
     LOGFONTA record = {};
     record.lfHeight = record.lfWidth = FontUnits(kPoints, ::GetDeviceCaps(dc->m_hDC, LOGPIXELSY));
-    const HFONT font = ::CreateFontIndirectA(&record);
+    HFONT font = ::CreateFontIndirectA(&record);
     if (font) {
         ::SelectObject(dc->m_hDC, font);
         ::DeleteObject(font);
