@@ -29,7 +29,7 @@ public:
     void Member(std::string_view key, double value)
     {
         char digits[32];
-        std::snprintf(digits, sizeof digits, "%.9g", value);
+        std::snprintf(digits, sizeof digits, "%.9g", value + 0.0); // no -0
         Key(key);
         text += digits;
     }

@@ -22,6 +22,24 @@ double Distance(KPointD a, KPointD b)
     return std::hypot(a.x - b.x, a.y - b.y);
 }
 
+/// An oval hole as the centre line and width of the cutter's way.
+struct Slot
+{
+    KPointD from;
+    KPointD to;
+    double across;
+};
+
+Slot SlotOf(const Hole& hole)
+{
+    const double across = std::min(hole.width, hole.height);
+    const double half = (std::max(hole.width, hole.height) - across) / 2;
+    const double angle = (hole.width >= hole.height ? hole.angle : hole.angle + 90) * kDegree;
+    const KPointD along = {half * std::cos(angle), half * std::sin(angle)};
+    return {
+        {hole.centre.x - along.x, hole.centre.y - along.y}, {hole.centre.x + along.x, hole.centre.y + along.y}, across};
+}
+
 /// Appends shapes to one layer.
 class LayerWriter
 {
@@ -61,14 +79,21 @@ public:
         AddArc(start, start, centre, width, kCounterClockwise);
     }
 
-    void AddOval(const Hole& hole)
+    void AddSlot(const Slot& slot) { AddLine(layer.shapes, slot.from, slot.to, slot.across); }
+
+    void AddSlotRim(const Slot& slot, double width)
     {
-        const double across = std::min(hole.width, hole.height);
-        const double half = (std::max(hole.width, hole.height) - across) / 2;
-        const double angle = (hole.width >= hole.height ? hole.angle : hole.angle + 90) * kDegree;
-        const KPointD along = {half * std::cos(angle), half * std::sin(angle)};
-        AddLine(layer.shapes, {hole.centre.x - along.x, hole.centre.y - along.y},
-                {hole.centre.x + along.x, hole.centre.y + along.y}, across);
+        const double length = Distance(slot.from, slot.to);
+        const double reach = slot.across / 2 / length;
+        const KPointD aside = {-(slot.to.y - slot.from.y) * reach, (slot.to.x - slot.from.x) * reach};
+        const KPointD corners[4] = {{slot.from.x - aside.x, slot.from.y - aside.y},
+                                    {slot.to.x - aside.x, slot.to.y - aside.y},
+                                    {slot.to.x + aside.x, slot.to.y + aside.y},
+                                    {slot.from.x + aside.x, slot.from.y + aside.y}};
+        AddLine(layer.shapes, corners[0], corners[1], width);
+        AddArc(corners[1], corners[2], slot.to, width, kCounterClockwise);
+        AddLine(layer.shapes, corners[2], corners[3], width);
+        AddArc(corners[3], corners[0], slot.from, width, kCounterClockwise);
     }
 
     void AddText(const Text& text)
@@ -227,12 +252,16 @@ private:
         if (!(hole.width > 0) || !(hole.height > 0))
             return;
         LayerWriter holes = On(board.layers.Count());
-        if (hole.width == hole.height)
+        LayerWriter rims = On(board.layers.Count() + 1);
+        if (hole.width == hole.height) {
             holes.AddDisc(hole.centre, hole.width);
-        else
-            holes.AddOval(hole);
-        if (hole.bare)
-            On(board.layers.Count() + 1).AddRing(hole.centre, std::max(hole.width, hole.height) / 2, kRim);
+            if (hole.bare)
+                rims.AddRing(hole.centre, hole.width / 2, kRim);
+        } else {
+            holes.AddSlot(SlotOf(hole));
+            if (hole.bare)
+                rims.AddSlotRim(SlotOf(hole), kRim);
+        }
     }
 
     const Board& board;

@@ -1,0 +1,104 @@
+// board_viewer: shows a board file as a picture, stores it as shapes, describes it.
+
+#include "BoardArchive.h"
+#include "BoardFile.h"
+#include "BoardInfo.h"
+#include "Options.h"
+
+#include <cstdio>
+#include <exception>
+#include <unistd.h>
+
+namespace {
+
+using namespace viewer;
+
+/// Shows on a terminal how far the reading is, in one line that is wiped at the end.
+class ProgressLine
+{
+public:
+    ~ProgressLine()
+    {
+        if (shown >= 0)
+            std::fputs("\r\x1b[K", stderr);
+    }
+    ProgressHook Hook()
+    {
+        if (!isatty(STDERR_FILENO))
+            return {};
+        return [this](double done) { Show(int(done * 100)); };
+    }
+
+private:
+    void Show(int percent)
+    {
+        if (percent != shown)
+            std::fprintf(stderr, "\rreading %3d %%", percent);
+        shown = percent;
+    }
+
+    int shown = -1;
+};
+
+std::vector<const PictureLayer*> FindLayers(const BoardPicture& picture, const std::vector<std::string>& names)
+{
+    std::vector<const PictureLayer*> layers;
+    for (const std::string& name : names) {
+        const PictureLayer* layer = picture.Find(name);
+        if (!layer) {
+            std::string known;
+            for (const auto& existing : picture.layers)
+                known += " " + existing->name;
+            throw std::runtime_error("unknown layer '" + name + "'; the board has" + known);
+        }
+        layers.push_back(layer);
+    }
+    return layers;
+}
+
+BoardFile Open(const std::string& path)
+{
+    ProgressLine progress;
+    return OpenBoardFile(path, progress.Hook());
+}
+
+void Run(const Options& options)
+{
+    const BoardFile file = Open(options.input);
+    BoardPainter painter(file.picture);
+    if (!options.layers.empty())
+        painter.ShowLayers(FindLayers(file.picture, options.layers));
+    painter.SetBoardMirrorX(options.mirror);
+
+    if (!options.archivePath.empty())
+        StoreArchive(file.picture, options.archivePath);
+    if (!options.exportPath.empty())
+        ExportPicture(painter, options.size, options.area, options.exportPath);
+    if (options.info) {
+        const std::string json = file.board ? BoardInfoJson(*file.board, file.picture) : PictureInfoJson(file.picture);
+        if (std::fputs(json.c_str(), stdout) < 0 || std::fflush(stdout) != 0)
+            throw std::runtime_error("standard output cannot be written");
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        const Options options = ParseOptions(std::vector<std::string>(argv + 1, argv + argc));
+        if (options.help)
+            std::fputs(UsageText(), stdout);
+        else
+            Run(options);
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "board_viewer: %s\n", error.what());
+    } catch (CException* exception) {
+        char text[256] = "";
+        exception->GetErrorMessage(text, sizeof text);
+        exception->Delete();
+        std::fprintf(stderr, "board_viewer: %s\n", text);
+    }
+    return 1;
+}

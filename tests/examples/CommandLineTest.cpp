@@ -1,0 +1,76 @@
+#include "PictureTesting.h"
+
+#include <sys/wait.h>
+
+namespace viewer {
+
+namespace {
+
+struct Outcome
+{
+    int code;
+    std::string output;
+    std::string errors;
+};
+
+/// Runs the command with these arguments in a shell, in the folder.
+Outcome RunViewer(const TestFolder& folder, const std::string& arguments)
+{
+    const std::string out = folder.File("out.txt"), err = folder.File("err.txt");
+    const std::string command = "cd '" + folder.path.string() + "' && '" KOLM_VIEWER_COMMAND "' " + arguments + " >'" +
+                                out + "' 2>'" + err + "'";
+    const int status = std::system(command.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadBytes(out), ReadBytes(err)};
+}
+
+} // namespace
+
+TEST(CommandLine, ErrorsAreOneLineAndExitCodeOne)
+{
+    const TestFolder folder;
+    WriteBytes(folder.File("good.kicad_pcb"),
+               BoardText("(gr_rect (start 0 0) (end 9 9) (layer \"Edge.Cuts\") (width 1) (fill none))"));
+    WriteBytes(folder.File("cut.kicad_pcb"), BoardText("").substr(0, 200));
+    WriteBytes(folder.File("other.txt"), "hello\n");
+    WriteBytes(folder.File("empty.kicad_pcb"), "");
+    WriteBytes(folder.File("cut.kolm"), "KOLMBRD1\x01");
+    const std::pair<const char*, const char*> cases[] = {
+        {"none.kicad_pcb --info", "none.kicad_pcb: cannot be read"},
+        {". --info", "cannot be read"},
+        {"other.txt --info", "other.txt:1: not a board"},
+        {"empty.kicad_pcb --info", "not a board"},
+        {"cut.kicad_pcb --info", "the file ends inside"},
+        {"cut.kolm --info", "cut.kolm: a damaged or cut off board archive"},
+        {"good.kicad_pcb --frobnicate", "unknown option --frobnicate"},
+        {"good.kicad_pcb --export x.bmp --layers F.Cu,Nope", "unknown layer 'Nope'"},
+        {"good.kicad_pcb --export none/x.bmp", "none/x.bmp: cannot be written"},
+        {"good.kicad_pcb --archive none/x.kolm", "none/x.kolm: cannot be written"},
+    };
+    for (const auto& [arguments, message] : cases) {
+        const Outcome outcome = RunViewer(folder, arguments);
+        EXPECT_EQ(outcome.code, 1) << arguments;
+        EXPECT_NE(outcome.errors.find(message), std::string::npos) << arguments << ": " << outcome.errors;
+        EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
+        EXPECT_EQ(outcome.output, "") << arguments;
+    }
+}
+
+TEST(CommandLine, DrawsStoresAndDescribes)
+{
+    const TestFolder folder;
+    WriteBytes(folder.File("b.kicad_pcb"),
+               BoardText("(gr_rect (start 0 0) (end 9 9) (layer \"Edge.Cuts\") (width 1) (fill none))"));
+    EXPECT_EQ(RunViewer(folder, "b.kicad_pcb --export a.bmp --size 90x60 --archive b.kolm --info --mirror").code, 0);
+    EXPECT_NE(ReadBytes(folder.File("out.txt")).find("\"Edge.Cuts\""), std::string::npos);
+    EXPECT_EQ(RunViewer(folder, "b.kolm --export b.bmp --size 90x60 --mirror").code, 0);
+    EXPECT_EQ(ReadBytes(folder.File("a.bmp")), ReadBytes(folder.File("b.bmp")));
+    EXPECT_EQ(Pixels(folder.File("a.bmp")).width, 90);
+
+    EXPECT_EQ(RunViewer(folder, "b.kicad_pcb --export c.bmp").code, 0);
+    const Pixels usual(folder.File("c.bmp"));
+    EXPECT_EQ(usual.width, 1600);
+    EXPECT_EQ(usual.height, 1200);
+    EXPECT_EQ(RunViewer(folder, "--help").code, 0);
+}
+
+} // namespace viewer

@@ -1,0 +1,54 @@
+#include "Options.h"
+
+#include <gtest/gtest.h>
+
+namespace viewer {
+
+TEST(Options, TakesAllThatThereIs)
+{
+    const Options options =
+        ParseOptions({"--mirror", "b.kicad_pcb", "--export", "o.BMP", "--size", "64x48", "--area", "-1.5,2,3e1,4",
+                      "--layers", "F.Cu,Edge.Cuts", "--archive", "o.kolm", "--info"});
+    EXPECT_EQ(options.input, "b.kicad_pcb");
+    EXPECT_EQ(options.exportPath, "o.BMP");
+    EXPECT_EQ(options.archivePath, "o.kolm");
+    EXPECT_EQ(options.size.width, 64);
+    EXPECT_EQ(options.size.height, 48);
+    ASSERT_TRUE(options.area);
+    EXPECT_EQ(options.area->x1, -1.5);
+    EXPECT_EQ(options.area->x2, 30);
+    EXPECT_EQ(options.layers, (std::vector<std::string>{"F.Cu", "Edge.Cuts"}));
+    EXPECT_TRUE(options.mirror);
+    EXPECT_TRUE(options.info);
+}
+
+TEST(Options, RefusesTheRestByName)
+{
+    const std::pair<std::vector<std::string>, const char*> cases[] = {
+        {{}, "no board file"},
+        {{"a"}, "nothing to do"},
+        {{"a", "b", "--info"}, "one file at a time"},
+        {{"a", "--inof"}, "unknown option --inof"},
+        {{"a", "--export"}, "--export needs a value"},
+        {{"a", "--export", "o.png"}, ".bmp or .jpg"},
+        {{"a", "--info", "--size", "10"}, "--size 10"},
+        {{"a", "--info", "--size", "0x10"}, "--size 0x10"},
+        {{"a", "--info", "--size", "99999999999x10"}, "--size"},
+        {{"a", "--info", "--size", "20000x10"}, "--size"},
+        {{"a", "--info", "--area", "1,2,3"}, "--area"},
+        {{"a", "--info", "--area", "1,2,1,4"}, "--area"},
+        {{"a", "--info", "--area", "nan,0,1,1"}, "--area"},
+        {{"a", "--info", "--area", "0,0,1e300,1"}, "--area"},
+        {{"a", "--info", "--area", "0,0,1,1 "}, "--area"},
+    };
+    for (const auto& [arguments, message] : cases) {
+        try {
+            ParseOptions(arguments);
+            ADD_FAILURE() << message;
+        } catch (const std::runtime_error& error) {
+            EXPECT_NE(std::string(error.what()).find(message), std::string::npos) << error.what();
+        }
+    }
+}
+
+} // namespace viewer
