@@ -144,8 +144,9 @@ BITMAPINFO* CKPainter::DDBToDIB(CBitmap& bitmap, DWORD compression, CPalette* pa
         handle = static_cast<HPALETTE>(::GetStockObject(DEFAULT_PALETTE));
     const PaletteScreen screen(handle);
 
-    // First only header and table, which is all that is needed to ask for the rest.
-    GlobalBlock block(::GlobalAlloc(GMEM_FIXED, sizeof header + tableSize));
+    // First only header and table, which is all that is needed to ask for the rest. Zeroed, since nothing fills the one
+    // table entry of a 32-bit bitmap and the file has to have the same bytes each time.
+    GlobalBlock block(::GlobalAlloc(GPTR, sizeof header + tableSize));
     if (!block.Info())
         return nullptr;
     HBITMAP source = static_cast<HBITMAP>(bitmap.GetSafeHandle());
