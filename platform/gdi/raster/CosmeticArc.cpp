@@ -49,7 +49,8 @@ public:
 
 private:
     /// Splits the quarter where its slope is 1: flat parts have one pixel a column, up to the offset m_flat, and steep
-    /// parts one a row, for the rows nearer to the centre than the last flat pixel at m_steepEnd.
+    /// parts one a row, for the rows nearer to the centre than the last flat pixel at m_steepEnd. On a circle that is
+    /// symmetric about the diagonal: either pixel there belongs to both parts, or one row more has it.
     void FindDiagonal()
     {
         const double x = static_cast<double>(m_x.radius2);
@@ -57,12 +58,6 @@ private:
         const double length = std::sqrt(x * x + y * y);
         const double diagonal = length > 0 ? x * (x / length) : 0;
         m_flat = 2 * FloorToInt64((diagonal - static_cast<double>(m_x.Parity())) * 0.5) + m_x.Parity();
-        if (m_x.radius2 == m_y.radius2) { // symmetric about the diagonal pixel by pixel
-            while (m_flat >= 0 && m_flat > FlatPixel(m_flat))
-                m_flat -= 2;
-            while (m_flat + 2 <= FlatPixel(m_flat + 2))
-                m_flat += 2;
-        }
         m_steepEnd = m_flat >= 0 ? FlatPixel(m_flat) : m_y.Nearest(y) + 2;
     }
     double FlatChord(int64_t offset2) const { return HalfChord(m_x.radius2, m_y.radius2, offset2); }

@@ -116,9 +116,8 @@ void PolygonFill::AddArc(const EllipseArc& arc)
     const SideEnd bottom = {CeilHalf(arc.centerY2 + arc.radiusY2), 0, kUnrounded};
     bool rightHalf = sector.FromX() > 0 || (sector.FromX() == 0 && sector.FromY() < 0);
     const bool lastRightHalf = sector.ToX() > 0 || (sector.ToX() == 0 && sector.ToY() > 0);
+    // A whole ellipse from straight up or down begins in one half and ends in the other.
     int turns = rightHalf != lastRightHalf ? 1 : sector.IsWhole() || !sector.IsConvex() ? 2 : 0;
-    if (sector.IsWhole() && turns == 1)
-        turns = 2; // the radial points straight up or down: a piece of no rows more, but both halves are there
     SideEnd end = {from.y, from.x, RadialY2(arc, sector.FromX(), sector.FromY())};
     for (; turns > 0; --turns, rightHalf = !rightHalf) {
         const SideEnd& extreme = rightHalf ? bottom : top;
