@@ -127,6 +127,18 @@ void CombinePixels(const DeviceContext& to, const DeviceContext* from, const Blo
     }
 }
 
+/// Codes that leave one colour or pattern behind; false for others.
+bool IsFill(DWORD code, const Surface& surface, Ink& ink)
+{
+    if (code == BLACKNESS || code == WHITENESS) {
+        ink = {code == BLACKNESS ? 0 : surface.bitsPerPixel == 1 ? 1u : 0xFFFFFFu, RasterOp::Copy, nullptr, false, 0};
+    } else if (code == PATCOPY) {
+        ink.op = RasterOp::Copy;
+        ink.opaque = true; // a pattern covers all of the block
+    }
+    return code == BLACKNESS || code == WHITENESS || code == PATCOPY;
+}
+
 /// Only moves: what block transfers can follow.
 bool OnlyMoves(const DeviceContext& dc)
 {
@@ -153,6 +165,9 @@ BOOL Transfer(DeviceContext& to, const DeviceContext* from, DevicePoint at, Devi
     }
     if (code == SRCCOPY && used->surface->bitsPerPixel == to.surface->bitsPerPixel && to.surface->bitsPerPixel > 1) {
         CopyRows(*to.surface, *used->surface, block);
+    } else if (IsFill(code, *to.surface, ink)) {
+        const Box box = {block.x, block.y, block.x + block.width, block.y + block.height};
+        SharedRasterizer().FillBox(box, ink, *to.surface, to.Clip());
     } else {
         CombinePixels(to, used, block, table, ink);
     }
@@ -170,7 +185,8 @@ BOOL BitBlt(HDC handle, int x, int y, int width, int height, HDC source, int xSr
     }
     Trace(*dc, "BitBlt %d %d %d %d %d %d 0x%08X", x, y, width, height, xSrc, ySrc, code);
     const DevicePoint at = dc->world.ToDevice(x, y);
-    return Transfer(*dc, from, at, from != nullptr ? from->world.ToDevice(xSrc, ySrc) : at, width, height, code);
+    const DevicePoint start = from != nullptr ? from->world.ToDevice(xSrc, ySrc) : at;
+    return WithMemory([&] { return Transfer(*dc, from, at, start, width, height, code); });
 }
 
 BOOL PatBlt(HDC handle, int x, int y, int width, int height, DWORD code)
@@ -179,5 +195,6 @@ BOOL PatBlt(HDC handle, int x, int y, int width, int height, DWORD code)
     if (dc == nullptr || UsesSource(code >> 16 & 0xFF)) {
         return FALSE;
     }
-    return Transfer(*dc, nullptr, dc->world.ToDevice(x, y), {0, 0}, width, height, code);
+    const DevicePoint at = dc->world.ToDevice(x, y);
+    return WithMemory([&] { return Transfer(*dc, nullptr, at, {0, 0}, width, height, code); });
 }

@@ -5,7 +5,6 @@
 #include "gdi/DeviceContext.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace gdi {
 namespace {
@@ -16,22 +15,22 @@ struct Entry
     HANDLE data;
 };
 
+/// More formats than any host offers. Room that is always there keeps closing and destroying windows free of failures.
+constexpr int kFormats = 16;
+
 struct Clipboard
 {
-    bool open = false;
-    bool changed = false; ///< since it was opened
-    HWND holder = nullptr;
-    std::vector<Entry> entries;
-    ClipboardListener listener = nullptr;
-    void* context = nullptr;
+    bool open;
+    bool changed; ///< since it was opened
+    HWND holder;
+    Entry entries[kFormats];
+    int count;
+    ClipboardListener listener;
+    void* context;
 };
 
 /// Never torn down: what lies on it belongs to the process.
-Clipboard& TheClipboard()
-{
-    static Clipboard* const clipboard = new Clipboard;
-    return *clipboard;
-}
+Clipboard clipboard;
 
 void FreeEntry(const Entry& entry)
 {
@@ -44,27 +43,37 @@ void FreeEntry(const Entry& entry)
 
 Entry* FindEntry(UINT format)
 {
-    std::vector<Entry>& entries = TheClipboard().entries;
-    const auto found =
-        std::find_if(entries.begin(), entries.end(), [=](const Entry& entry) { return entry.format == format; });
-    return found == entries.end() ? nullptr : &*found;
+    Entry* const end = clipboard.entries + clipboard.count;
+    Entry* const found =
+        std::find_if(clipboard.entries, end, [=](const Entry& entry) { return entry.format == format; });
+    return found == end ? nullptr : found;
 }
 
-/// Bitmaps have to be free of device contexts; other data comes in global memory.
-bool IsAcceptable(UINT format, HANDLE data)
+/// A live bitmap, or a block of global memory for every other format.
+bool IsAlive(UINT format, HANDLE data)
 {
     if (format == CF_BITMAP) {
-        const Bitmap* const bitmap = tables.bitmaps.Find(data);
-        return bitmap != nullptr && bitmap->references == 0 && !bitmap->stock;
+        return tables.bitmaps.Find(data) != nullptr;
     }
-    return data != nullptr && GlobalLock(data) != nullptr && (GlobalUnlock(data), true);
+    const bool alive = data != nullptr && GlobalLock(data) != nullptr;
+    if (alive) {
+        GlobalUnlock(data);
+    }
+    return alive;
+}
+
+/// Bitmaps have to be free of device contexts to change hands.
+bool IsAcceptable(UINT format, HANDLE data)
+{
+    const Bitmap* const bitmap = format == CF_BITMAP ? tables.bitmaps.Find(data) : nullptr;
+    return IsAlive(format, data) && (bitmap == nullptr || (bitmap->references == 0 && !bitmap->stock));
 }
 
 } // namespace
 
 void CloseClipboardOf(HWND window)
 {
-    if (TheClipboard().open && TheClipboard().holder == window) {
+    if (clipboard.open && clipboard.holder == window) {
         CloseClipboard();
     }
 }
@@ -75,7 +84,6 @@ using namespace gdi;
 
 BOOL OpenClipboard(HWND window)
 {
-    Clipboard& clipboard = TheClipboard();
     const bool again = clipboard.open && window != nullptr && clipboard.holder == window;
     if ((window != nullptr && !IsWindow(window)) || (clipboard.open && !again)) {
         return FALSE;
@@ -87,7 +95,6 @@ BOOL OpenClipboard(HWND window)
 
 BOOL CloseClipboard()
 {
-    Clipboard& clipboard = TheClipboard();
     if (!clipboard.open) {
         return FALSE;
     }
@@ -102,21 +109,17 @@ BOOL CloseClipboard()
 
 BOOL EmptyClipboard()
 {
-    Clipboard& clipboard = TheClipboard();
     if (!clipboard.open) {
         return FALSE;
     }
-    for (const Entry& entry : clipboard.entries) {
-        FreeEntry(entry);
-    }
-    clipboard.entries.clear();
+    std::for_each(clipboard.entries, clipboard.entries + clipboard.count, FreeEntry);
+    clipboard.count = 0;
     clipboard.changed = true;
     return TRUE;
 }
 
 HANDLE SetClipboardData(UINT format, HANDLE data)
 {
-    Clipboard& clipboard = TheClipboard();
     if (!clipboard.open || !IsAcceptable(format, data)) {
         return nullptr;
     }
@@ -125,11 +128,9 @@ HANDLE SetClipboardData(UINT format, HANDLE data)
             FreeEntry(*entry);
             entry->data = data;
         }
-    } else if (!WithMemory([&] {
-                   clipboard.entries.push_back({format, data});
-                   return TRUE;
-               }))
-    {
+    } else if (clipboard.count < kFormats) {
+        clipboard.entries[clipboard.count++] = {format, data};
+    } else {
         return nullptr;
     }
     clipboard.changed = true;
@@ -138,8 +139,8 @@ HANDLE SetClipboardData(UINT format, HANDLE data)
 
 HANDLE GetClipboardData(UINT format)
 {
-    const Entry* const entry = TheClipboard().open ? FindEntry(format) : nullptr;
-    return entry != nullptr && IsAcceptable(format, entry->data) ? entry->data : nullptr;
+    const Entry* const entry = clipboard.open ? FindEntry(format) : nullptr;
+    return entry != nullptr && IsAlive(format, entry->data) ? entry->data : nullptr;
 }
 
 BOOL IsClipboardFormatAvailable(UINT format)
@@ -149,6 +150,6 @@ BOOL IsClipboardFormatAvailable(UINT format)
 
 void GdiSetClipboardListener(ClipboardListener listener, void* context)
 {
-    TheClipboard().listener = listener;
-    TheClipboard().context = context;
+    clipboard.listener = listener;
+    clipboard.context = context;
 }

@@ -157,7 +157,8 @@ KOLM_API int GetDIBits(HDC dc, HBITMAP bitmap, UINT startRow, UINT rows, LPVOID 
 // ---- Text ----
 
 /// Text is UTF-8; a byte that is not part of a valid sequence stands for the character of its value. A negative count
-/// is refused. Without any font on the system text has extent 0 and draws nothing; calls still succeed.
+/// is refused. Without any font on the system text has extent 0 and draws nothing; calls still succeed. Text is
+/// drawn at once, between BeginPath and EndPath too, and does not look at the binary raster operation.
 KOLM_API BOOL TextOutA(HDC dc, int x, int y, LPCSTR text, int count);
 /// `options` ETO_OPAQUE fills the rectangle with the background colour first, ETO_CLIPPED cuts the text to it.
 KOLM_API BOOL ExtTextOutA(HDC dc, int x, int y, UINT options, const RECT* rect, LPCSTR text, UINT count,

@@ -192,7 +192,7 @@ const ScaledFonts::Character& ScaledFonts::Find(uint32_t character)
     }
     const FT_UInt glyph = FT_Get_Char_Index(m_face, character);
     double advance = 0;
-    if (FT_Load_Glyph(m_face, glyph, FT_LOAD_NO_SCALE) == 0) {
+    if (FT_Load_Glyph(m_face, glyph, FT_LOAD_NO_SCALE | FT_LOAD_IGNORE_TRANSFORM) == 0) {
         advance = double(m_face->glyph->metrics.horiAdvance) * m_metrics.em * m_stretch / m_face->units_per_EM;
     }
     return m_characters[character] = {glyph, RoundToPixel(advance)};
@@ -231,9 +231,9 @@ const std::vector<GlyphRun>& ScaledFonts::Runs(uint32_t character, const TextMat
     if (variant.glyphs.size() >= kGlyphs) {
         variant.glyphs.clear();
     }
-    std::vector<GlyphRun>& runs = variant.glyphs[glyph];
+    std::vector<GlyphRun> runs; // kept only when complete
     Render(glyph, matrix, runs);
-    return runs;
+    return variant.glyphs[glyph] = std::move(runs);
 }
 
 void ScaledFonts::Render(FT_UInt glyph, const TextMatrix& matrix, std::vector<GlyphRun>& runs) const
@@ -255,12 +255,11 @@ void ScaledFonts::Render(FT_UInt glyph, const TextMatrix& matrix, std::vector<Gl
     if (FT_Load_Glyph(m_face, glyph, flags) == 0 && FT_Render_Glyph(m_face->glyph, FT_RENDER_MODE_MONO) == 0) {
         CollectRuns(m_face->glyph->bitmap, m_face->glyph->bitmap_left, m_face->glyph->bitmap_top, runs);
     }
-    FT_Set_Transform(m_face, nullptr, nullptr);
 }
 
 void ScaledFonts::AppendOutline(uint32_t character, const TextMatrix& matrix, RealPoint origin, DevicePath& path)
 {
-    if (FT_Load_Glyph(m_face, Find(character).glyph, FT_LOAD_NO_SCALE) != 0 ||
+    if (FT_Load_Glyph(m_face, Find(character).glyph, FT_LOAD_NO_SCALE | FT_LOAD_IGNORE_TRANSFORM) != 0 ||
         m_face->glyph->format != FT_GLYPH_FORMAT_OUTLINE)
     {
         return;
