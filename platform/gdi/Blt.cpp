@@ -31,6 +31,7 @@ bool CutAxis(int64_t& target, int64_t& source, int64_t& length, int64_t extent, 
     return length > 0;
 }
 
+/// Sums of int32 values are taken in 64 bits, so blocks may lie anywhere. False when nothing is left.
 bool CutBlock(const Surface& to, const Surface* from, DevicePoint at, DevicePoint source, int32_t width, int32_t height,
               Block& block)
 {
@@ -44,6 +45,8 @@ bool CutBlock(const Surface& to, const Surface* from, DevicePoint at, DevicePoin
     return true;
 }
 
+// The table gives the result for pattern, source and destination as bits 2, 1 and 0 of the row number: an input matters
+// when rows that differ in it alone differ.
 constexpr bool UsesSource(uint32_t table)
 {
     return ((table >> 2 ^ table) & 0x33) != 0;
@@ -86,6 +89,7 @@ struct SourceColors
     }
 };
 
+/// The brush at a device pixel. Patterns cover all of a block whatever the background mode.
 uint32_t PatternAt(const Ink& ink, int32_t x, int32_t y)
 {
     const bool gap = ink.hatch != nullptr && (ink.hatch[y & 7] >> (7 - (x & 7)) & 1) == 0;

@@ -27,6 +27,8 @@ int g_pixelsPerInch = 96;
 constexpr int kScreenWidth = 1920;
 constexpr int kScreenHeight = 1080;
 
+/// Points the device context at the pixels of a bitmap. The initial bitmap is one handle for all device contexts, but
+/// each draws into a pixel of its own, so that no other one sees it.
 void UseBitmap(DeviceContext& dc, Bitmap& bitmap)
 {
     dc.surface = bitmap.stock ? &dc.ownSurface : &bitmap.surface;
@@ -35,6 +37,7 @@ void UseBitmap(DeviceContext& dc, Bitmap& bitmap)
     }
 }
 
+/// A bitmap may be held by one memory device context at a time: two of them would draw over each other unseen.
 HGDIOBJ SelectBitmap(DeviceContext& dc, Bitmap& bitmap)
 {
     const HDC self = MakeHandle<HDC>(dc);
@@ -47,6 +50,8 @@ HGDIOBJ SelectBitmap(DeviceContext& dc, Bitmap& bitmap)
     return former;
 }
 
+/// The state of a new device context. Paths keep their memory from the slot's former life: making a device context for
+/// each text or stroke stays free of allocations.
 void ResetState(DeviceContext& dc)
 {
     dc.trace = nullptr;
@@ -125,6 +130,8 @@ void FreeDeviceContext(DeviceContext& dc)
     tables.dcs.Free(dc);
 }
 
+/// A walk over all device contexts: windows are destroyed rarely, and a list of their device contexts would have to be
+/// kept at every GetDC.
 void DetachFromWindow(const Window& window)
 {
     tables.dcs.ForEach([&](DeviceContext& dc) {
@@ -174,6 +181,7 @@ HGDIOBJ SelectObject(HDC handle, HGDIOBJ object)
     if (dc == nullptr) {
         return nullptr;
     }
+    // Pens come first, since strokes select one each; every lookup is one comparison of the kind and slot.
     HGDIOBJ former = nullptr;
     if (Pen* const pen = tables.pens.Find(object)) {
         former = Exchange(dc->pen, pen);

@@ -53,6 +53,7 @@ uint32_t ConvertDepth(uint32_t value, int from, int to)
     return value & 0xFFFFFF;
 }
 
+/// One row into another depth. Columns beyond the bitmap and the padding come out as zero.
 void CopyRow(const Surface& surface, int32_t y, const Surface& out, int32_t outY)
 {
     const int32_t columns = std::min(surface.width, out.width);
@@ -66,6 +67,7 @@ void CopyRow(const Surface& surface, int32_t y, const Surface& out, int32_t outY
     }
 }
 
+/// Row numbers count from the bottom for a bottom-up request, as its rows do.
 int CopyRows(const Surface& surface, UINT startRow, UINT rows, void* bits, const BITMAPINFOHEADER& header)
 {
     const bool bottomUp = header.biHeight > 0;

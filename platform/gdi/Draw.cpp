@@ -24,6 +24,7 @@ const uint8_t kHatches[6][8] = {
     {0x81, 0x42, 0x24, 0x18, 0x18, 0x24, 0x42, 0x81}, // diagonal cross
 };
 
+/// The run lengths of a style; null for solid lines, PS_INSIDEFRAME and unknown styles.
 const uint8_t* DashOf(const Pen& pen)
 {
     switch (pen.style & PS_STYLE_MASK) {
@@ -40,6 +41,7 @@ const uint8_t* DashOf(const Pen& pen)
     }
 }
 
+/// Gaps of dashes and hatches show the background colour unless the mode is TRANSPARENT.
 Ink SolidInk(const DeviceContext& dc, COLORREF color)
 {
     const Surface& surface = *dc.surface;
@@ -54,6 +56,7 @@ bool IsHollow(const Pen& pen)
     return (pen.style & PS_STYLE_MASK) == PS_NULL;
 }
 
+/// Width 0 stays one pixel under every transform; other widths scale, and thin out to one pixel.
 int32_t DevicePenWidth(const DeviceContext& dc)
 {
     const int32_t width = dc.pen->width;

@@ -28,6 +28,7 @@ HWND CreateMemoryWindow(int x, int y, int width, int height)
 
 namespace {
 
+/// What both sizes have in common keeps its pixels, as a window on a screen does.
 void KeepOverlap(const Surface& from, const Surface& to)
 {
     const size_t bytes = size_t(std::min(from.width, to.width)) * 4;
@@ -42,6 +43,7 @@ LONG FarEdge(LONG start, int32_t extent)
     return LONG(std::min<int64_t>(int64_t(start) + extent, 0x7FFFFFFF));
 }
 
+/// A null handle is the screen, which has a resolution but no pixels.
 HDC NewWindowDc(HWND handle)
 {
     const Window* const window = tables.windows.Find(handle);

@@ -61,6 +61,7 @@ BOOL Condemn(T* object)
     return TRUE;
 }
 
+/// Unlike pens, a selected bitmap is refused: what is drawn into it would be lost.
 BOOL DeleteBitmap(Bitmap* bitmap)
 {
     if (bitmap == nullptr || (bitmap->references > 0 && !bitmap->stock)) {
@@ -110,6 +111,7 @@ int DescribeBrush(const Brush& brush, int size, void* out)
     return CopyRecord(record, size, out);
 }
 
+/// The short record fits every bitmap; a section gives the long one to a caller with the room for it.
 int DescribeBitmap(const Bitmap& bitmap, int size, void* out)
 {
     const Surface& surface = bitmap.surface;
@@ -131,6 +133,7 @@ int DescribeBitmap(const Bitmap& bitmap, int size, void* out)
     return CopyRecord(record, size, out);
 }
 
+// Every field is set: a slot remembers its former object.
 HPEN NewPen(int style, int width, COLORREF color, bool extended)
 {
     Pen* const pen = tables.pens.Create();
@@ -237,6 +240,7 @@ HPEN CreatePenIndirect(const LOGPEN* record)
 
 HPEN ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD styleCount, const DWORD* styles)
 {
+    // A cosmetic pen is one pixel wide by definition; geometric ones take any width that an int holds.
     const bool geometric = (style & PS_TYPE_MASK) == PS_GEOMETRIC;
     if (brush == nullptr || brush->lbStyle != BS_SOLID || styleCount != 0 || styles != nullptr ||
         (!geometric && width != 1) || width > 0x7FFFFFFF)
@@ -274,7 +278,7 @@ HFONT CreateFontIndirectA(const LOGFONTA* record)
     if (font == nullptr) {
         return nullptr;
     }
-    font->record = *record;
+    font->record = *record; // the face is looked up with the first text: most hosts make more fonts than they use
     font->record.lfFaceName[LF_FACESIZE - 1] = 0;
     return MakeHandle<HFONT>(*font);
 }

@@ -27,6 +27,7 @@ DeviceContext* TakePath(HDC handle, const char* call)
     if (dc == nullptr || dc->pathState != PathState::Finished) {
         return nullptr;
     }
+    // Consumed even when drawing fails half way: a path is never drawn twice.
     Trace(*dc, call);
     dc->pathState = PathState::None;
     return dc;
@@ -52,6 +53,7 @@ private:
     const Transform& m_world;
 };
 
+/// Points and arcs are kept apart in a path; the verbs tell in which order to take them.
 void PathPoints::AddPath(const DevicePath& path)
 {
     size_t point = 0, arc = 0;
@@ -84,6 +86,7 @@ BOOL BeginPath(HDC handle)
         return FALSE;
     }
     Trace(*dc, "BeginPath");
+    // Also out of an open path, which is thrown away.
     dc->path.Clear();
     dc->pathState = PathState::Open;
     dc->figureOpen = false;
@@ -191,6 +194,7 @@ BOOL MoveToEx(HDC handle, int x, int y, LPPOINT former)
     if (former != nullptr) {
         *former = dc->position;
     }
+    // The figure begins with its first line, so that moves in a row leave no points behind.
     dc->position = {x, y};
     dc->figureOpen = false;
     return TRUE;

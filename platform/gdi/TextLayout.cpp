@@ -20,6 +20,7 @@ int FollowingBytes(unsigned char first)
     return first >= 0xF0 && first <= 0xF4 ? 3 : -1;
 }
 
+/// Text always copies: the binary raster operation is for pens and brushes.
 Ink TextInk(const DeviceContext& dc, COLORREF color)
 {
     return {ToPixel(*dc.surface, color, dc.bkColor), RasterOp::Copy, nullptr, false, 0};
@@ -39,6 +40,7 @@ TextMatrix MatrixOf(const DeviceContext& dc)
             s * world.m12 + c * world.m22};
 }
 
+/// Glyphs as they are kept: runs of pixels, each drawn as a box one row high.
 void DrawRuns(DeviceContext& dc, const TextLine& line, const char* text, const char* end, const Ink& ink,
               const Box& clip)
 {
@@ -62,6 +64,7 @@ void DrawRuns(DeviceContext& dc, const TextLine& line, const char* text, const c
     }
 }
 
+/// Glyphs too large to keep, one path each, so that the rasterizer can leave out those that lie outside.
 void DrawOutlines(DeviceContext& dc, const TextLine& line, const char* text, const char* end, const Ink& ink,
                   const Box& clip)
 {

@@ -19,6 +19,7 @@ using Pattern = std::unique_ptr<FcPattern, PatternDeleter>;
 
 using FaceFile = std::pair<std::string, int>; ///< path and index inside
 
+/// Never closed: faces stay open as long as the process lives.
 FT_Library Library()
 {
     static const FT_Library library = [] {
@@ -86,6 +87,7 @@ FaceFile MatchFile(const LOGFONTA& record)
     return {reinterpret_cast<const char*>(path), index};
 }
 
+/// Bitmap faces are refused: text has to scale and turn.
 FT_Face OpenFace(const FaceFile& file)
 {
     FT_Face face = nullptr;

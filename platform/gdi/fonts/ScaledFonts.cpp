@@ -41,6 +41,8 @@ struct DesignMeasures
     }
 };
 
+/// Everything is scaled from design units in double precision, so that heights of any size have measures; glyphs are
+/// hinted for the device later, advances are not.
 FontMetrics Measure(FT_Face face, const LOGFONTA& record, double& stretch)
 {
     const DesignMeasures design(face);
@@ -104,6 +106,7 @@ struct OutlineSink
     }
 };
 
+/// Curves of letters turn by a quarter at most: sixteen chords stay within a thousandth of their size.
 constexpr int kCurveSteps = 16;
 
 int MoveSink(const FT_Vector* to, void* user)
@@ -145,6 +148,7 @@ int ConicSink(const FT_Vector* control, const FT_Vector* to, void* user)
     return 0;
 }
 
+/// Sizes of the face are in 64ths of a pixel; none may be 0.
 FT_F26Dot6 ToFixed(double pixels)
 {
     return FT_F26Dot6(std::max(1.0, pixels * 64 + 0.5));
@@ -205,6 +209,7 @@ bool ScaledFonts::IsLarge(const TextMatrix& matrix) const
     return !(width <= kLargePixels && height <= kLargePixels);
 }
 
+/// Few matrices are in use at a time (one for each direction of text on a board); the oldest goes first.
 ScaledFonts::Variant& ScaledFonts::FindVariant(const TextMatrix& matrix)
 {
     for (const auto& variant : m_variants) {

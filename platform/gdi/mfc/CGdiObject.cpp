@@ -14,6 +14,7 @@ TemporaryWrappers<CFont> g_fonts;
 TemporaryWrappers<CBitmap> g_bitmaps;
 TemporaryWrappers<CPalette> g_palettes;
 
+/// The live object behind a handle of any kind that wrappers own.
 Slot* FindObject(HGDIOBJ object)
 {
     switch (HandleKind(object)) {
@@ -65,7 +66,7 @@ CGdiObject* TemporaryOf(HGDIOBJ object)
 
 CGdiObject::~CGdiObject()
 {
-    DeleteObject();
+    DeleteObject(); // takes effect with the last selection
 }
 
 BOOL CGdiObject::Attach(HGDIOBJ object)
