@@ -103,6 +103,17 @@ BoardPainter::BoardPainter(const BoardPicture& source) : picture(source)
     Init();
 }
 
+void BoardPainter::ShowFromBack()
+{
+    SetBoardMirrorX(1);
+    shown.clear();
+    for (const auto& layer : picture.layers)
+        shown.push_back(layer.get());
+    std::stable_sort(shown.begin(), shown.end(), [](const PictureLayer* a, const PictureLayer* b) {
+        return LayerRankFromBack(a->name) < LayerRankFromBack(b->name);
+    });
+}
+
 void BoardPainter::ShowLayers(std::vector<const PictureLayer*> layers)
 {
     shown = std::move(layers);

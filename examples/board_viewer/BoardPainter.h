@@ -21,6 +21,9 @@ public:
     /// The picture is the caller's and has to outlive the painter. Shows all its layers.
     explicit BoardPainter(const BoardPicture& picture);
 
+    /// Shows all layers and mirrors the board: the layers of the back lie on top.
+    void ShowFromBack();
+
     /// Layers to show, in drawing order. Holes are drilled through all copper: where copper is shown and they are not
     /// in the list, they are drawn on top.
     void ShowLayers(std::vector<const PictureLayer*> layers);

@@ -31,6 +31,9 @@ constexpr LayerStyle kStyles[] = {
     {kHolesName, Rgb(20, 20, 24)},    {kBareHolesName, Rgb(60, 190, 190)},
 };
 
+/// Between two lines of kStyles; the numbers of inner layers fit in.
+constexpr int kRankStep = 1000;
+
 constexpr Colour kInnerColours[] = {
     Rgb(196, 160, 40), Rgb(80, 180, 90), Rgb(180, 100, 200), Rgb(230, 130, 50), Rgb(60, 170, 190), Rgb(190, 110, 110),
 };
@@ -137,7 +140,19 @@ int LayerRank(std::string_view name)
     if (style < 0)
         return 0;
     // The first inner layer is the nearest to the front.
-    return (style + 1) * 1000 - (IsInnerCopper(name) ? InnerNumber(name) : 0);
+    return (style + 1) * kRankStep - (IsInnerCopper(name) ? InnerNumber(name) : 0);
+}
+
+int LayerRankFromBack(std::string_view name)
+{
+    if (IsInnerCopper(name))
+        return LayerRank(name) - kRankStep + 2 * InnerNumber(name);
+    std::string other(name);
+    if (other.substr(0, 2) == "F.")
+        other[0] = 'B';
+    else if (other.substr(0, 2) == "B.")
+        other[0] = 'F';
+    return LayerRank(other);
 }
 
 } // namespace viewer

@@ -49,6 +49,9 @@ Colour LayerColour(std::string_view layerName);
 /// copper of their side, since they are filled and would hide the pads.
 int LayerRank(std::string_view layerName);
 
+/// The same for the view from the back: the sides change places and the inner layers their order.
+int LayerRankFromBack(std::string_view layerName);
+
 /// The group of drill holes: not a layer of the file, but shown like one.
 inline constexpr std::string_view kHolesName = "Holes";
 /// Rims of the holes without copper around them, which on a black board could not be seen.

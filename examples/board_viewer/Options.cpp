@@ -135,7 +135,7 @@ const char* UsageText()
            "  --size WxH                  its size in pixels, 1600x1200 by default\n"
            "  --area X1,Y1,X2,Y2          frame exactly this area, in the file's millimetres (y down)\n"
            "  --layers A,B,...            only these layers, the last on top\n"
-           "  --mirror                    the board seen from the back\n"
+           "  --mirror                    the board seen from the back, whose layers then lie on top\n"
            "  --archive OUT.kolm          store the board as shapes\n"
            "  --info                      describe the board as JSON on standard output\n";
 }

@@ -66,9 +66,10 @@ void Run(const Options& options)
 {
     const BoardFile file = Open(options.input);
     BoardPainter painter(file.picture);
+    if (options.mirror)
+        painter.ShowFromBack();
     if (!options.layers.empty())
         painter.ShowLayers(FindLayers(file.picture, options.layers));
-    painter.SetBoardMirrorX(options.mirror);
 
     if (!options.archivePath.empty())
         StoreArchive(file.picture, options.archivePath);

@@ -128,6 +128,25 @@ TEST(BoardDrawing, MirroredIsSeenFromTheBack)
     EXPECT_EQ(ColourAt(back, {9, 4.8, ""}), kBlack);
 }
 
+TEST(BoardDrawing, BackLayersLieOnTopSeenFromTheBack)
+{
+    std::string crossings; // all along one line
+    for (const char* layer : {"F.SilkS", "F.Cu", "F.Mask", "In1.Cu", "In2.Cu", "B.Cu", "B.Mask", "B.SilkS"})
+        crossings += std::string("(gr_line (start 1 5) (end 9 5) (layer \"") + layer + "\") (width 1))";
+    EXPECT_EQ(ColourAt(DrawItems(crossings), {5, 5, ""}), LayerColour("F.SilkS"));
+    EXPECT_EQ(ColourAt(DrawItems(crossings, true), {5, 5, ""}), LayerColour("B.SilkS"));
+
+    const auto isBelow = [](const char* a, const char* b) { return LayerRankFromBack(a) < LayerRankFromBack(b); };
+    EXPECT_TRUE(isBelow("F.SilkS", "F.Cu"));
+    EXPECT_TRUE(isBelow("F.Cu", "In1.Cu"));
+    EXPECT_TRUE(isBelow("In1.Cu", "In2.Cu"));
+    EXPECT_TRUE(isBelow("In2.Cu", "In30.Cu"));
+    EXPECT_TRUE(isBelow("In30.Cu", "B.Mask"));
+    EXPECT_TRUE(isBelow("B.Mask", "B.Cu"));
+    EXPECT_TRUE(isBelow("B.SilkS", "Edge.Cuts"));
+    EXPECT_TRUE(isBelow("Edge.Cuts", "Holes"));
+}
+
 TEST(BoardDrawing, ShowsChosenLayersInTheirOrder)
 {
     const char* items = "(via (at 5 5) (size 6) (drill 2) (layers \"F.Cu\" \"B.Cu\") (net 1))"

@@ -115,7 +115,8 @@ TEST(DemoBoards, ArchivesOfInstalledBoardsShowTheSamePicture)
             std::string pictures[2];
             for (int i : {0, 1}) {
                 BoardPainter painter(i == 0 ? file.picture : loaded.picture);
-                painter.SetBoardMirrorX(mirror);
+                if (mirror)
+                    painter.ShowFromBack();
                 ExportPicture(painter, {400, 300}, {}, folder.File("p.bmp"));
                 pictures[i] = ReadBytes(folder.File("p.bmp"));
             }

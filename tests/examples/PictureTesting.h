@@ -61,13 +61,14 @@ inline Pixels DrawItems(const std::string& items, bool mirror = false, const std
     const TestFolder folder;
     const BoardPicture picture = MakePicture(ReadItems(items));
     BoardPainter painter(picture);
+    if (mirror)
+        painter.ShowFromBack();
     if (!layers.empty()) {
         std::vector<const PictureLayer*> shown;
         for (const std::string& name : layers)
             shown.push_back(picture.Find(name));
         painter.ShowLayers(shown);
     }
-    painter.SetBoardMirrorX(mirror);
     ExportPicture(painter, {200, 200}, FileArea{0, 0, 10, 10}, folder.File("p.bmp"));
     return Pixels(folder.File("p.bmp"));
 }
