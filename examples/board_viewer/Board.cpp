@@ -3,15 +3,20 @@
 #include <algorithm>
 #include <cmath>
 
+// Distances are those of the exact geometry. Nothing here rounds to pixels, so that what a test or a check finds on a
+// board does not depend on how it is shown.
+
 namespace viewer {
 
 namespace {
 
+/// Length of the way between two points.
 double Distance(KPointD a, KPointD b)
 {
     return std::hypot(a.x - b.x, a.y - b.y);
 }
 
+/// To the nearest point of a segment; a segment of no length is its start.
 double DistanceToSegment(KPointD a, KPointD b, KPointD p)
 {
     const double dx = b.x - a.x;
@@ -30,6 +35,7 @@ double TurnBetween(double from, double to)
     return turn < 0 ? turn + 2 * M_PI : turn;
 }
 
+/// Inside the arc's sweep the nearest point lies on the ray from the centre, outside it is one of the ends.
 double DistanceToArc(const Figure& arc, KPointD p)
 {
     const KPointD& from = arc.counterClockwise ? arc.start : arc.end;
@@ -56,6 +62,7 @@ bool IsInside(const std::vector<KPointD>& points, KPointD p)
     return inside;
 }
 
+/// To a chain of points, closed for a polygon. Nothing is near to a chain without points.
 double DistanceToPoints(const Figure& figure, KPointD p)
 {
     const std::vector<KPointD>& points = figure.points;
@@ -71,6 +78,7 @@ double DistanceToPoints(const Figure& figure, KPointD p)
     return nearest;
 }
 
+/// As if drawn with no width; a filled area counts as a whole.
 double DistanceToCentreLine(const Figure& figure, KPointD p)
 {
     switch (figure.kind) {
@@ -104,6 +112,7 @@ bool IsMet(const Board& board, int net, int layer, KPointD centre, double reach)
     return false;
 }
 
+/// Those of the candidate layers on which nothing of the net reaches the ring.
 LayerSet UnusedRings(const Board& board, LayerSet candidates, int net, KPointD centre, double reach)
 {
     LayerSet unused = 0;

@@ -21,6 +21,7 @@ constexpr int32_t kEnd = 0;
     throw std::runtime_error(prefix + text);
 }
 
+/// Closes both explicitly: a destructor could not tell of the write that fails last.
 void WriteArchive(const BoardPicture& picture, const std::string& path)
 {
     CFile file(path.c_str(), CFile::modeCreate | CFile::modeWrite);
@@ -35,6 +36,7 @@ void WriteArchive(const BoardPicture& picture, const std::string& path)
     file.Close();
 }
 
+/// The container brings its own count and checks it by reading on; nothing is reserved on its word.
 std::unique_ptr<PictureLayer> ReadLayer(CArchive& archive)
 {
     auto layer = std::make_unique<PictureLayer>();
@@ -62,6 +64,7 @@ void StoreArchive(const BoardPicture& picture, const std::string& path)
 BoardPicture LoadArchive(std::string_view bytes, const std::string& file)
 {
     BoardPicture picture;
+    // The file object wants bytes that it may write to; it never does while loading.
     std::string body(bytes.substr(std::min(kArchiveMark.size(), bytes.size())));
     try {
         CMemFile memory;

@@ -25,6 +25,7 @@ std::string ReadWholeFile(const std::string& path)
     size_t piece = size_t(1) << 20;
     size_t got = 0;
     do {
+        // What the file gives is kept and the unused rest cut off again.
         const size_t before = bytes.size();
         bytes.resize(before + piece);
         got = std::fread(&bytes[before], 1, piece, file.get());

@@ -4,6 +4,9 @@
 #include <map>
 #include <string_view>
 
+// The JSON is written by hand: it is flat and small, and a library for it would be this example's only other
+// dependency.
+
 namespace viewer {
 
 namespace {
@@ -36,6 +39,7 @@ public:
     std::string Finish() { return std::move(text) + '\n'; }
 
 private:
+    /// Nothing follows the bracket yet, so the next item needs no comma.
     void Enter()
     {
         ++depth;
@@ -46,6 +50,7 @@ private:
         text += '\n';
         text.append(size_t(depth) * 2, ' ');
     }
+    /// Ends the line of the item before.
     void Item()
     {
         if (!first)
@@ -60,6 +65,7 @@ private:
         Quote(key);
         text += ": ";
     }
+    /// Bytes of 128 and above pass as they are: names are UTF-8 in files of these versions.
     void Quote(std::string_view value)
     {
         text += '"';
@@ -86,6 +92,7 @@ private:
 
 using Counts = std::map<std::string, size_t>;
 
+/// What lies on one layer.
 struct LayerCounts
 {
     size_t segments = 0;
@@ -97,6 +104,7 @@ struct LayerCounts
     std::vector<size_t> filledPolygonPoints;
 };
 
+/// One pass over each list of the board. A pad whose hole leaves no copper is on no layer.
 std::vector<LayerCounts> CountLayers(const Board& board)
 {
     std::vector<LayerCounts> counts(size_t(board.layers.Count()));
@@ -123,6 +131,7 @@ std::vector<LayerCounts> CountLayers(const Board& board)
     return counts;
 }
 
+/// "#RRGGBB": red, which lies in the low byte, comes first.
 std::string HexColour(Colour colour)
 {
     char text[8];
@@ -131,6 +140,7 @@ std::string HexColour(Colour colour)
     return text;
 }
 
+/// An object with one member per name, in alphabetical order.
 void WriteCounts(JsonWriter& json, std::string_view key, const Counts& counts)
 {
     json.Open(key, '{');
@@ -157,6 +167,7 @@ void WriteLayer(JsonWriter& json, const std::string& name, const LayerCounts& la
     json.Close('}');
 }
 
+/// The area that the picture fits, in the file's frame: top is the smaller y. Empty for an empty board.
 void WriteOutline(JsonWriter& json, const BoardPicture& picture)
 {
     CKRectD box = BoundsOf(picture);
@@ -170,6 +181,7 @@ void WriteOutline(JsonWriter& json, const BoardPicture& picture)
     json.Close('}');
 }
 
+/// By the type codes of the library; what the viewer never stores counts as "others".
 void CountShape(CKGeom* shape, Counts& counts)
 {
     constexpr const char* kNames[] = {"others", "texts", "lines", "arcs", "others", "others", "polygons"};

@@ -29,6 +29,7 @@ class AreaPath
 public:
     AreaPath(CKPainter& owner, CDC* target) : painter(owner), dc(target) {}
 
+    /// Adds a closed chain of lines and arcs as one figure. Anything else in it is passed over.
     void Add(const CKGeomContainer& edges)
     {
         started = false;
@@ -54,6 +55,7 @@ private:
         border = std::max(border, line.GetThickness());
     }
 
+    /// The painter's builder draws on from the current point; where it ends in pixels is the rounded end point.
     void AddArc(CKGeomArc& arc)
     {
         const double dx = arc.GetOffsetX(), dy = arc.GetOffsetY();
@@ -78,6 +80,7 @@ private:
         Grow(point);
     }
 
+    /// Doubles, since the distance between two ints of a damaged archive need not fit in one.
     void Grow(KPoint point)
     {
         left = std::min(left, double(point.x));
@@ -117,6 +120,7 @@ void BoardPainter::ShowFromBack()
 void BoardPainter::ShowLayers(std::vector<const PictureLayer*> layers)
 {
     shown = std::move(layers);
+    // What is drilled is drilled through all copper, so the holes belong to any view of it.
     const bool copper =
         std::any_of(shown.begin(), shown.end(), [](const PictureLayer* layer) { return IsCopper(layer->name); });
     for (std::string_view name : {kHolesName, kBareHolesName}) {
@@ -137,6 +141,7 @@ KRectangleD BoardPainter::GetTargetSize()
     if (!box.IsInitialized())
         return {1, 1, 0, 0}; // nothing to see; any area will do
     const KPointD centre = box.GetCenter();
+    // The painter leaves its view as it is for an area without any extent.
     constexpr double kSmallest = 0.001; // a single point has no size to fit
     return {std::max(box.GetWidth(), kSmallest), std::max(box.GetHeight(), kSmallest), centre.x, centre.y};
 }
@@ -147,6 +152,7 @@ void BoardPainter::DrawBody(CWnd*, CDC* dc)
         DrawLayer(dc, *layer);
 }
 
+/// Dispatches by type code, as the library's factory does. Kinds that the viewer never stores draw nothing.
 void BoardPainter::DrawLayer(CDC* dc, const PictureLayer& layer)
 {
     for (int i = 0; i < layer.shapes.GetCount(); ++i) {
@@ -172,6 +178,8 @@ void BoardPainter::DrawLayer(CDC* dc, const PictureLayer& layer)
     }
 }
 
+/// A track is the outline of its copper, filled. A line of length 0 has no direction to build an outline along: it is a
+/// disc.
 void BoardPainter::DrawLineShape(CDC* dc, COLORREF colour, CKGeomLine& line)
 {
     const double x1 = line.GetStartX() + line.GetOffsetX(), y1 = line.GetStartY() + line.GetOffsetY();
@@ -197,6 +205,7 @@ void BoardPainter::DrawLineShape(CDC* dc, COLORREF colour, CKGeomLine& line)
         FillPath(dc, colour);
 }
 
+/// Like a line; with equal ends the outline is two circles, between which the alternate fill leaves a ring.
 void BoardPainter::DrawArcShape(CDC* dc, COLORREF colour, CKGeomArc& arc)
 {
     const double dx = arc.GetOffsetX(), dy = arc.GetOffsetY();
@@ -221,6 +230,8 @@ void BoardPainter::DrawArcShape(CDC* dc, COLORREF colour, CKGeomArc& arc)
         FillPath(dc, colour);
 }
 
+/// The area and, where it has one, its border in one call. The alternate fill makes nothing of edges that run there and
+/// back, and so opens the cut-outs that are reached along them.
 void BoardPainter::DrawPolygonShape(CDC* dc, COLORREF colour, CKGeomPolygon& polygon)
 {
     AreaPath area(*this, dc);
@@ -236,6 +247,7 @@ void BoardPainter::DrawPolygonShape(CDC* dc, COLORREF colour, CKGeomPolygon& pol
         FillPath(dc, colour);
 }
 
+/// All strokes of a text are one path, so that the pen touches each pixel once.
 void BoardPainter::DrawTextShape(CDC* dc, COLORREF colour, CKGeomText& text)
 {
     const TextStyle style = TextStyle::Of(text);

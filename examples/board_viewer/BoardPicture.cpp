@@ -9,6 +9,9 @@
 #include <algorithm>
 #include <cmath>
 
+// From the model to shapes. Everything that the picture shows passes through here, and only here is it decided how a
+// board item is told in shapes; the painter knows shapes and no boards.
+
 namespace viewer {
 
 namespace {
@@ -17,6 +20,7 @@ constexpr double kDegree = M_PI / 180;
 constexpr int kCounterClockwise = -1; // the library's direction codes
 constexpr int kClockwise = 1;
 
+/// Length of the way between two points.
 double Distance(KPointD a, KPointD b)
 {
     return std::hypot(a.x - b.x, a.y - b.y);
@@ -30,6 +34,7 @@ struct Slot
     double across;
 };
 
+/// The cutter runs along the longer side, wherever that points.
 Slot SlotOf(const Hole& hole)
 {
     const double across = std::min(hole.width, hole.height);
@@ -46,6 +51,7 @@ class LayerWriter
 public:
     explicit LayerWriter(PictureLayer& target) : layer(target) {}
 
+    /// The shapes that show a figure; a figure without ink makes none.
     void AddFigure(const Figure& figure)
     {
         switch (figure.kind) {
@@ -73,6 +79,7 @@ public:
 
     void AddDisc(KPointD centre, double diameter) { AddLine(layer.shapes, centre, centre, diameter); }
 
+    /// A whole circle is an arc with equal ends: circle shapes do not survive an archive.
     void AddRing(KPointD centre, double radius, double width)
     {
         const KPointD start = {centre.x + radius, centre.y};
@@ -81,6 +88,7 @@ public:
 
     void AddSlot(const Slot& slot) { AddLine(layer.shapes, slot.from, slot.to, slot.across); }
 
+    /// The outline of a slot, counter-clockwise: a side, an end, the other side, the other end.
     void AddSlotRim(const Slot& slot, double width)
     {
         const double length = Distance(slot.from, slot.to);
@@ -96,6 +104,7 @@ public:
         AddArc(corners[3], corners[0], slot.from, width, kCounterClockwise);
     }
 
+    /// Lines are stacked downward in the text's own frame and then turned with it, one shape for each.
     void AddText(const Text& text)
     {
         size_t lines = size_t(std::count(text.text.begin(), text.text.end(), '\n')) + 1;
@@ -113,6 +122,7 @@ public:
     }
 
 private:
+    /// `baseline` is how far above the anchor the line stands, before the text is turned.
     void AddTextLine(const Text& text, const std::string& line, double baseline)
     {
         if (line.empty())
@@ -134,6 +144,7 @@ private:
         Add(layer.shapes, std::move(shape));
     }
 
+    /// A filled circle or one whose border leaves nothing open is a disc, any other a ring.
     void AddCircle(const Figure& figure)
     {
         const double radius = Distance(figure.centre, figure.start);
@@ -143,6 +154,7 @@ private:
             AddRing(figure.centre, radius, figure.width);
     }
 
+    /// The cut-outs of a filled area are part of its one outline, so the polygon's hole stays empty.
     void AddPolygon(const Figure& figure)
     {
         auto polygon = std::make_unique<CKGeomPolygon>();
@@ -150,6 +162,7 @@ private:
         Add(layer.shapes, std::move(polygon));
     }
 
+    /// A chain of lines from point to point.
     void AddEdges(CKGeomContainer& target, const std::vector<KPointD>& points, double width, bool closed)
     {
         for (size_t i = 1; i < points.size(); ++i)
@@ -170,6 +183,8 @@ private:
         Add(layer.shapes, std::move(arc));
     }
 
+    /// Colours are not archived; the painter takes them from the layer. A host that draws the shapes by DrawGeoms finds
+    /// them in the shapes.
     void Add(CKGeomContainer& target, std::unique_ptr<CKGeom> shape)
     {
         shape->SetColor(layer.colour);
@@ -211,6 +226,7 @@ public:
     }
 
 private:
+    /// Also for layers without shapes, which a user can ask for as well.
     void MakeLayer(std::string_view name)
     {
         auto layer = std::make_unique<PictureLayer>();
@@ -221,6 +237,7 @@ private:
 
     LayerWriter On(int layer) { return LayerWriter(*picture.layers[size_t(layer)]); }
 
+    /// Calls `draw` with the writer of each layer in the set.
     template <class Draw>
     void OnEach(LayerSet layers, Draw draw)
     {
@@ -230,6 +247,7 @@ private:
         }
     }
 
+    /// Areas first, so that a track or pad drawn over its own area looks the same whatever the area's border does.
     void AddCopper()
     {
         for (const FilledPolygon& area : board.filledPolygons)
@@ -246,6 +264,7 @@ private:
             OnEach(via.layers, [&](LayerWriter layer) { layer.AddDisc(via.centre, via.diameter); });
     }
 
+    /// Holes go through everything and have a group of their own above all layers.
     void AddHole(const Hole& hole)
     {
         constexpr double kRim = 0.1; // millimetres

@@ -18,6 +18,7 @@ void ReadLayerTable(const SExpr& item, Board& board)
     }
 }
 
+/// A segment or an arc of a net.
 Track ReadTrack(const SExpr& item, LayerTable& layers)
 {
     Track track;
@@ -31,6 +32,7 @@ Track ReadTrack(const SExpr& item, LayerTable& layers)
 /// The copper layers between and including two, by their place in the stack.
 LayerSet CopperSpan(const LayerTable& layers, LayerSet ends)
 {
+    // A via names the layers at its ends in either order.
     int lowest = INT32_MAX, highest = INT32_MIN;
     for (int i = 0; i < layers.Count(); ++i) {
         if ((ends >> i & 1) != 0) {
@@ -47,6 +49,7 @@ LayerSet CopperSpan(const LayerTable& layers, LayerSet ends)
     return span;
 }
 
+/// A via of any kind: through all copper, or, blind or buried, between the two layers that it names.
 Via ReadVia(const SExpr& item, LayerTable& layers)
 {
     Via via;
@@ -61,6 +64,7 @@ Via ReadVia(const SExpr& item, LayerTable& layers)
     return via;
 }
 
+/// A drawn item of its kind; without figures when the kind is none that is drawn.
 Graphic ReadGraphic(const SExpr& item, std::string_view kind, const Placement& placement, LayerTable& layers)
 {
     Graphic graphic;
@@ -110,6 +114,7 @@ void ReadZoneInto(Board& board, const SExpr& item)
 
 namespace {
 
+/// A dimension is lines and a text, which stands in place already.
 void ReadDimensionInto(Board& board, const SExpr& item)
 {
     Graphic graphic;
@@ -121,6 +126,8 @@ void ReadDimensionInto(Board& board, const SExpr& item)
         board.texts.push_back(ReadText(text, 0, Placement(), board.layers));
 }
 
+/// What to do with each kind of item on the outer level. The order of the file does not matter but for one thing:
+/// layers come before what lies on them, so that "*.Cu" knows all copper.
 void ReadItem(Board& board, const SExpr& item)
 {
     const std::string_view head = item.IsList() ? item.Raw() : std::string_view();
@@ -159,6 +166,7 @@ Board ReadBoard(std::string_view text, const std::string& file, const ProgressHo
             progress(double(reported) / double(text.size()));
         }
     }
+    // Only now is all copper known that could meet a ring.
     DropUnusedRings(board);
     return board;
 }

@@ -8,12 +8,16 @@ namespace {
 
 constexpr double kDegree = M_PI / 180;
 
+/// Stroke width in millimetres, 0 without one: the thinnest line. Older items name it (width w), newer ones
+/// (stroke (width w) ...).
 double ReadWidth(const SExpr& item)
 {
     const SExpr width = item.Find("width");
     return std::fabs(width ? width.Number(0) : item.Find("stroke").Find("width").Number(0));
 }
 
+/// (fill solid), (fill none), (fill yes) or, in newer items, (fill (type solid)). What an item without the word means
+/// depends on its kind: polygons are filled, circles and rectangles are not.
 bool ReadFilled(const SExpr& item, bool otherwise)
 {
     const SExpr fill = item.Find("fill");
@@ -24,6 +28,7 @@ bool ReadFilled(const SExpr& item, bool otherwise)
     return word != "none" && word != "no";
 }
 
+/// The point turned counter-clockwise about a centre.
 KPointD Turned(KPointD point, KPointD centre, double radians)
 {
     const double dx = point.x - centre.x;
@@ -50,6 +55,8 @@ Figure ArcByAngle(KPointD centre, KPointD first, double degrees)
     return arc;
 }
 
+/// Both forms of an arc. They are told apart by what they hold and not by the file's version, so that a file that mixes
+/// them after an edit by hand still reads as it was meant.
 Figure ReadArc(const SExpr& item, const Placement& placement)
 {
     if (item.Find("mid"))
@@ -90,6 +97,7 @@ std::vector<KPointD> FlattenCurve(const std::vector<KPointD>& p)
     return points;
 }
 
+/// An arc in the outline of a polygon, as chords of 5 degrees: they stray from a radius of 1 mm by a micrometre.
 void AppendArcPoints(const SExpr& item, const Placement& placement, std::vector<KPointD>& points)
 {
     constexpr double kStep = 5 * kDegree;
@@ -106,11 +114,13 @@ void AppendArcPoints(const SExpr& item, const Placement& placement, std::vector<
     points.push_back(arc.end);
 }
 
+/// Where the anchor lies along one axis; neither word means the middle.
 Text::Side ReadSide(const SExpr& justify, std::string_view low, std::string_view high)
 {
     return justify.Has(low) ? Text::Side::Low : justify.Has(high) ? Text::Side::High : Text::Side::Middle;
 }
 
+/// A line, ready for a list of figures.
 Figure LineFigure(KPointD start, KPointD end, double width)
 {
     Figure line;
@@ -185,6 +195,7 @@ Figure FigureThroughPoints(KPointD start, KPointD middle, KPointD end)
         return figure;
     }
 
+    // Everything is taken relative to the start, where the numbers are small and subtracting them loses nothing.
     // The circle's centre relative to the start, from |c|^2 = |c - m|^2 = |c - e|^2.
     const double mx = middle.x - start.x, my = middle.y - start.y;
     const double ex = end.x - start.x, ey = end.y - start.y;
@@ -210,6 +221,7 @@ bool ReadFigure(const SExpr& item, std::string_view kind, const Placement& place
     } else if (kind == "arc") {
         read = ReadArc(item, placement);
     } else if (kind == "circle") {
+        // The second point is any point of the circle; the figure keeps it instead of a radius, as the file does.
         read.kind = Figure::Kind::Circle;
         read.centre = placement.Place(item, "center");
         read.start = placement.Place(item, "end");
@@ -223,6 +235,7 @@ bool ReadFigure(const SExpr& item, std::string_view kind, const Placement& place
         read.points = ReadPoints(item, placement);
         read.filled = ReadFilled(item, true);
     } else if (kind == "curve") {
+        // Nothing of the library bends like a cubic curve, so it becomes chords.
         read.kind = Figure::Kind::Polyline;
         read.points = FlattenCurve(ReadPoints(item, placement));
     } else {
@@ -240,6 +253,7 @@ Text ReadText(const SExpr& item, size_t textIndex, const Placement& placement, L
     const SExpr size = font.Find("size");
     const SExpr justify = effects.Find("justify");
 
+    // Sizes stand as height, then width; both can be negative in files of long ago and mean the same.
     Text text;
     text.text = item.At(textIndex).Text();
     text.anchor = placement.Place(item, "at");
@@ -275,6 +289,7 @@ std::vector<Figure> ReadDimension(const SExpr& item)
     const KPointD along = {(b.x - a.x) / length, (b.y - a.y) / length};
     const KPointD aside = {along.y, -along.x};
     const double height = item.Find("height").Number(0);
+    // The extension lines run from the gap beside the point to a little beyond the bar, whichever side that is.
     const double reach = height + std::copysign(style.Find("extension_height").Number(0), height);
     const double gap = std::copysign(style.Find("extension_offset").Number(0), height);
     const auto beside = [&](KPointD p, double by) { return KPointD{p.x + aside.x * by, p.y + aside.y * by}; };
@@ -283,6 +298,7 @@ std::vector<Figure> ReadDimension(const SExpr& item)
     std::vector<Figure> lines = {LineFigure(beside(a, gap), beside(a, reach), width),
                                  LineFigure(beside(b, gap), beside(b, reach), width),
                                  LineFigure(bar[0], bar[1], width)};
+    // The wings of a head open by 27.5 degrees to either side of the bar.
     const double arrow = style.Find("arrow_length").Number(0);
     for (int end : {0, 1}) {
         const double inward = end == 0 ? arrow : -arrow;

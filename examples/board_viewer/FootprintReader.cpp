@@ -13,6 +13,7 @@ struct Variables
     std::string value;
 };
 
+/// Replaces without looking again at what was put in: a value that reads like a variable cannot loop.
 void ReplaceAll(std::string& text, std::string_view name, const std::string& value)
 {
     for (size_t at = text.find(name); at != text.npos; at = text.find(name, at + value.size()))
@@ -29,6 +30,7 @@ std::string TextOfKind(const SExpr& footprint, std::string_view kind)
     return {};
 }
 
+/// The word stands beside the effects or, in newer files, among them.
 bool IsHidden(const SExpr& item)
 {
     return item.Has("hide") || item.Find("effects").Has("hide");
@@ -44,6 +46,7 @@ double KeptUpright(double angle)
     return angle;
 }
 
+/// A visible text of a footprint. Its position turns with the footprint, its angle is absolute already.
 void ReadFootprintTextInto(Board& board, const SExpr& item, const Placement& placement, const Variables& variables)
 {
     if (IsHidden(item))
@@ -63,6 +66,7 @@ void ReadFootprintTextInto(Board& board, const SExpr& item, const Placement& pla
 void ReadFootprintInto(Board& board, const SExpr& footprint)
 {
     const Placement placement(Placement().Place(footprint, "at"), footprint.Find("at").Number(2));
+    // Both are needed before the first text is read: a text can come before the reference that it names.
     const Variables variables = {TextOfKind(footprint, "reference"), TextOfKind(footprint, "value")};
     board.references.push_back(variables.reference);
 

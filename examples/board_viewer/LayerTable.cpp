@@ -13,6 +13,7 @@ constexpr Colour Rgb(unsigned red, unsigned green, unsigned blue)
     return red | green << 8 | blue << 16;
 }
 
+/// What is fixed for a layer of the format.
 struct LayerStyle
 {
     std::string_view name;
@@ -48,11 +49,13 @@ int NumberAfter(std::string_view name, size_t prefix)
 }
 
 /// Number of an inner copper layer from 1, User layers alike.
+/// The number in "In3.Cu".
 int InnerNumber(std::string_view name)
 {
     return std::clamp(NumberAfter(name, 2), 1, 999);
 }
 
+/// The line of kStyles, -1 without one.
 int StyleIndex(std::string_view name)
 {
     if (IsInnerCopper(name))
@@ -88,6 +91,8 @@ int LayerTable::Add(std::string_view name)
     return Count() - 1;
 }
 
+/// Wildcards stand for layers of one kind on all or on both outer sides. Layers that a file uses without declaring them
+/// are added: they are drawn rather than lost.
 LayerSet LayerTable::Named(std::string_view name)
 {
     const bool anySide = name.substr(0, 2) == "*.";
@@ -97,6 +102,7 @@ LayerSet LayerTable::Named(std::string_view name)
         return index < 0 ? 0 : LayerSet(1) << index;
     }
 
+    // "*.Mask" and "F&B.Mask" are the same two layers; only copper lies inside the board too.
     const std::string kind(name.substr(anySide ? 1 : 3));
     LayerSet set = Named("F" + kind) | Named("B" + kind);
     return anySide && kind == ".Cu" ? set | Copper() : set;

@@ -5,12 +5,16 @@
 #include <charconv>
 #include <cmath>
 
+// Arguments are checked before any file is opened, so that a mistyped option costs no waiting. Numbers are read without
+// a locale: a decimal point is a point everywhere.
+
 namespace viewer {
 
 namespace {
 
 constexpr int kLargestPicture = 16384; // pixels a side: a gigabyte of bitmap
 
+/// Always at least one part; empty parts stay, for the caller to refuse.
 std::vector<std::string> SplitAt(char separator, const std::string& text)
 {
     std::vector<std::string> parts(1);
@@ -23,6 +27,7 @@ std::vector<std::string> SplitAt(char separator, const std::string& text)
     return parts;
 }
 
+/// Whether the text is a number from its first to its last character.
 template <class NUMBER>
 bool ParseWhole(const std::string& text, NUMBER& value)
 {
@@ -31,6 +36,7 @@ bool ParseWhole(const std::string& text, NUMBER& value)
     return error == std::errc() && stop == end;
 }
 
+/// "1600x1200".
 PictureSize ParseSize(const std::string& text)
 {
     const std::vector<std::string> parts = SplitAt('x', text);
@@ -43,6 +49,7 @@ PictureSize ParseSize(const std::string& text)
     return size;
 }
 
+/// "X1,Y1,X2,Y2". An area without extent could not be framed. NaN fails the comparison with the largest number.
 FileArea ParseArea(const std::string& text)
 {
     const std::vector<std::string> parts = SplitAt(',', text);
@@ -73,6 +80,7 @@ public:
     }
 
 private:
+    /// One option with its value, or the file.
     void TakeArgument(const std::string& argument)
     {
         if (argument == "--export")
@@ -99,6 +107,7 @@ private:
             options.input = argument;
     }
 
+    /// The argument after an option. An empty one is refused: it would read as if the option were not given.
     const std::string& TakeValue(const std::string& option)
     {
         if (next >= arguments.size() || arguments[next].empty())
@@ -106,6 +115,7 @@ private:
         return arguments[next++];
     }
 
+    /// What only all arguments together can tell.
     void Check() const
     {
         if (options.input.empty())

@@ -7,12 +7,14 @@ namespace viewer {
 
 namespace {
 
+/// Width and height along the pad's own axes, in millimetres.
 struct PadSize
 {
     double width;
     double height;
 };
 
+/// A filled area from corners in the pad's frame, y down as in the file.
 Figure FilledPolygonOf(const Placement& frame, const std::vector<KPointD>& corners, double border = 0)
 {
     Figure figure;
@@ -24,6 +26,7 @@ Figure FilledPolygonOf(const Placement& frame, const std::vector<KPointD>& corne
     return figure;
 }
 
+/// A full circle of copper around the pad's middle. Which of its points tells the radius does not matter.
 Figure Disc(const Placement& frame, double diameter)
 {
     Figure figure;
@@ -34,6 +37,7 @@ Figure Disc(const Placement& frame, double diameter)
     return figure;
 }
 
+/// Corners of an upright rectangle around the pad's middle.
 std::vector<KPointD> Rectangle(double halfWidth, double halfHeight)
 {
     return {{-halfWidth, -halfHeight}, {halfWidth, -halfHeight}, {halfWidth, halfHeight}, {-halfWidth, halfHeight}};
@@ -105,6 +109,8 @@ Figure Trapezoid(const Placement& frame, PadSize size, const SExpr& delta)
     return FilledPolygonOf(frame, {{-w - dy, h + dx}, {w + dy, h - dx}, {w - dy, -h + dx}, {-w + dy, -h - dx}});
 }
 
+/// The copper of a pad, or of a custom pad's anchor, before any primitives. Throws ReadError for an unknown shape: a
+/// pad drawn wrongly would be worse than a board refused.
 Figure BasicShape(const SExpr& item, const std::string& shape, const Placement& frame, PadSize size)
 {
     if (shape == "circle")
@@ -125,6 +131,8 @@ Figure BasicShape(const SExpr& item, const std::string& shape, const Placement& 
     return FilledPolygonOf(frame, Rectangle(size.width / 2, size.height / 2));
 }
 
+/// The pieces of a custom pad beside its anchor. Their positions are relative to the copper's middle, so that they turn
+/// and move with the pad. Kinds that are no geometry are passed over.
 void AppendPrimitives(const SExpr& item, const Placement& frame, std::vector<Figure>& copper)
 {
     for (SExpr primitive = item.Find("primitives").First(); primitive; primitive = primitive.Next()) {
@@ -138,6 +146,8 @@ void AppendPrimitives(const SExpr& item, const Placement& frame, std::vector<Fig
     }
 }
 
+/// (drill 1), (drill oval 2 1), with an (offset ...) anywhere behind; the offset alone drills nothing. The hole stays
+/// at the pad's position, and only its copper moves by the offset.
 Hole ReadHole(const SExpr& drill, KPointD centre, double angle)
 {
     Hole hole;
@@ -175,6 +185,7 @@ Pad ReadPad(const SExpr& item, const Placement& footprint, LayerTable& layers)
 
     const SExpr sizes = item.Find("size");
     const PadSize size = {std::fabs(sizes.Number(0)), std::fabs(sizes.Number(1))};
+    // Only a hole without plating counts: a plated one keeps its barrel, however thin the rim.
     // Nothing of the pad is left around such a hole.
     pad.hole.bare = type == "np_thru_hole" && pad.hole.width >= size.width && pad.hole.height >= size.height;
     if (pad.hole.bare)
@@ -193,6 +204,7 @@ LayerSet ReadUnlessUnused(const SExpr& item, LayerSet layers, const LayerTable& 
 {
     if (!item.Has("remove_unused_layers") || item.Find("remove_unused_layers").Has("no"))
         return 0;
+    // The outer layers keep their rings, which are what a part is soldered to.
     LayerSet inner = 0;
     for (int i = 0; i < table.Count(); ++i) {
         if (IsInnerCopper(table.Name(i)))

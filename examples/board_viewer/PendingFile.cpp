@@ -10,6 +10,7 @@ namespace viewer {
 
 namespace {
 
+/// Names the target as the user wrote it.
 [[noreturn]] void FailToWrite(const std::string& target, const std::string& why)
 {
     throw std::runtime_error(target + ": cannot be written: " + why);
@@ -29,6 +30,8 @@ PendingFile::PendingFile(const std::string& path) : target(path)
     if (fs::exists(status)) {
         if (!fs::is_regular_file(status))
             FailToWrite(path, "it is not a regular file");
+        // Opened to append, which changes nothing. A rename alone would replace a file that is protected against
+        // writing.
         if (!std::ofstream(target, std::ios::binary | std::ios::app))
             FailToWrite(path, "no permission");
     }
@@ -49,6 +52,7 @@ PendingFile::~PendingFile()
 void PendingFile::Commit()
 {
     std::error_code error;
+    // Writers that report no errors leave an empty file when the disk is full.
     if (fs::file_size(temporary, error) == 0 || error)
         FailToWrite(target, "nothing was written");
     fs::rename(temporary, target, error);

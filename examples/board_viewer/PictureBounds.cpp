@@ -17,6 +17,7 @@ class Bounds
 public:
     explicit Bounds(bool countThickness) : withThickness(countThickness) {}
 
+    /// Texts and shapes of other kinds have no bounds here: how far a text reaches depends on the font.
     void Add(CKGeom& shape)
     {
         if (shape.GetType() == 2)
@@ -27,6 +28,8 @@ public:
             AddAll(*static_cast<CKGeomPolygon&>(shape).getOutline());
     }
 
+    /// Outlines of areas are chains of lines and arcs. A polygon inside a polygon is not drawn and does not count; it
+    /// could only come from a damaged archive, nested to any depth.
     void AddAll(const CKGeomContainer& shapes)
     {
         for (int i = 0; i < shapes.GetCount(); ++i) {
@@ -44,6 +47,7 @@ private:
         AddPoint(line.GetEndX(), line.GetEndY(), line.GetThickness());
     }
 
+    /// An arc reaches beyond its ends where it passes one of its circle's outermost points.
     void AddArc(CKGeomArc& arc)
     {
         const double cx = arc.GetCenterX(), cy = arc.GetCenterY();
@@ -65,6 +69,7 @@ private:
         }
     }
 
+    /// The counter-clockwise way between two directions, from 0 up to a full turn.
     static double Turn(double from, double to)
     {
         const double turn = std::fmod(to - from, 2 * M_PI);
@@ -98,6 +103,7 @@ CKRectD BoundsOf(const PictureLayer& layer, bool withThickness)
 
 CKRectD BoundsOf(const BoardPicture& picture)
 {
+    // The outline's centre line is where the board ends; half its drawn width lies outside.
     const PictureLayer* outline = picture.Find(kOutlineName);
     CKRectD box = outline ? BoundsOf(*outline, false) : CKRectD();
     if (box.IsInitialized())

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 namespace viewer {
@@ -26,6 +27,7 @@ public:
     std::string messages;
 };
 
+/// ".bmp" for "A.BMP"; empty without an ending.
 std::string LowerCaseEnding(const std::string& path)
 {
     std::string ending = std::filesystem::path(path).extension().string();
@@ -33,10 +35,18 @@ std::string LowerCaseEnding(const std::string& path)
     return ending;
 }
 
+/// Which of the two kinds of picture files the name asks for.
 bool IsJpegPath(const std::string& path)
 {
     const std::string ending = LowerCaseEnding(path);
     return ending == ".jpg" || ending == ".jpeg";
+}
+
+bool IsCompleteJpeg(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    char end[2] = {};
+    return file.seekg(-2, std::ios::end) && file.read(end, 2) && end[0] == '\xFF' && end[1] == '\xD9';
 }
 
 /// A window without a screen, of the picture's size.
@@ -67,6 +77,7 @@ void DrawWholeBoard(BoardPainter& painter, PictureWindow& window, PictureSize si
     copy.SelectObject(former);
 }
 
+/// A capture frames the area without a margin and hands its bitmap over; it is deleted with the CBitmap.
 void DrawArea(BoardPainter& painter, PictureWindow& window, PictureSize size, const FileArea& area, CBitmap& bitmap)
 {
     // A capture keeps the centre as it is told, and a mirrored view has its centre at the negated x.
@@ -87,6 +98,7 @@ bool IsPicturePath(const std::string& path)
 void ExportPicture(BoardPainter& painter, PictureSize size, const std::optional<FileArea>& area,
                    const std::string& path)
 {
+    // First of all the target: a picture that cannot be written need not be drawn.
     PendingFile file(path);
     PictureWindow window(size);
     CBitmap bitmap;
@@ -105,6 +117,9 @@ void ExportPicture(BoardPainter& painter, PictureSize size, const std::optional<
         painter.SaveToBMP(file.Name().c_str(), handle);
     if (!keeper.messages.empty())
         throw std::runtime_error(path + ": cannot be written (" + keeper.messages + ")");
+    // The library does not say how a conversion to JPEG went; a file that was cut off lacks the end mark.
+    if (IsJpegPath(path) && !IsCompleteJpeg(file.Name()))
+        throw std::runtime_error(path + ": cannot be written: the JPEG file is not complete");
     file.Commit();
 }
 

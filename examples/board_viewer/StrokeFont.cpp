@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 
+// The letters are this program's own, drawn on a coarse grid with cut corners, which at the sizes of board texts cannot
+// be told from curves. A glyph is a short string, so that the whole font can be read, and mended, in this file.
+
 namespace viewer {
 
 namespace {
@@ -137,6 +140,7 @@ constexpr Glyph kOthers[] = {
 
 constexpr const char* kNoGlyph = "030c5c5303";
 
+/// The glyph of a character. A box stands for what the font lacks, so that its absence can be seen.
 const char* StrokesOf(uint32_t codePoint)
 {
     if (codePoint >= ' ' && codePoint <= '~')
@@ -167,6 +171,7 @@ uint32_t TakeCodePoint(std::string_view& text)
     return codePoint;
 }
 
+/// The grid height that a character stands for.
 int Height(char c)
 {
     return c >= 'a' ? c - 'a' + 10 : c - '0';
@@ -193,12 +198,15 @@ public:
                 SetGlyph(TakeCodePoint(line));
             }
         }
+        // A bar that is never closed ends with the line.
         if (barred)
             EndBar();
         return std::max(pen - kGap, 0.0);
     }
 
 private:
+    /// Adds a character's strokes and moves the pen past its widest point and the gap. Letters are as wide as they are
+    /// drawn; only the blank has a width of its own.
     void SetGlyph(uint32_t codePoint)
     {
         double widest = codePoint == ' ' ? kSpaceAdvance - kGap : 0;
@@ -217,6 +225,7 @@ private:
         pen += widest + kGap;
     }
 
+    /// Bars mark signals that are active when low; they reach from the first to the last letter below them.
     void EndBar()
     {
         const double y = (kBarHeight - kBaseline) / kUnits;
@@ -226,6 +235,7 @@ private:
         barred = false;
     }
 
+    /// Hands a finished stroke over, or drops it when only the width is wanted.
     void Emit(Stroke& stroke)
     {
         if (strokes && !stroke.empty())

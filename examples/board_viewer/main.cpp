@@ -9,6 +9,8 @@
 #include <exception>
 #include <unistd.h>
 
+// All errors of all parts arrive here as exceptions and become one line; nothing else writes to standard error.
+
 namespace {
 
 using namespace viewer;
@@ -40,6 +42,7 @@ private:
     int shown = -1;
 };
 
+/// In the order asked for. Throws for a name that the board does not have, and tells which it has.
 std::vector<const PictureLayer*> FindLayers(const BoardPicture& picture, const std::vector<std::string>& names)
 {
     std::vector<const PictureLayer*> layers;
@@ -56,12 +59,14 @@ std::vector<const PictureLayer*> FindLayers(const BoardPicture& picture, const s
     return layers;
 }
 
+/// The progress is wiped off the terminal before anything else is written there.
 BoardFile Open(const std::string& path)
 {
     ProgressLine progress;
     return OpenBoardFile(path, progress.Hook());
 }
 
+/// The archive is written before the picture, and each only when asked for.
 void Run(const Options& options)
 {
     const BoardFile file = Open(options.input);
@@ -84,6 +89,7 @@ void Run(const Options& options)
 
 } // namespace
 
+/// Exit code 0, or 1 after one line on standard error.
 int main(int argc, char** argv)
 {
     try {

@@ -13,12 +13,12 @@ struct Outcome
     std::string errors;
 };
 
-/// Runs the command with these arguments in a shell, in the folder.
-Outcome RunViewer(const TestFolder& folder, const std::string& arguments)
+/// Runs the command with these arguments in a shell, in the folder; `before` is what the shell does first.
+Outcome RunViewer(const TestFolder& folder, const std::string& arguments, const std::string& before = "")
 {
     const std::string out = folder.File("out.txt"), err = folder.File("err.txt");
-    const std::string command = "cd '" + folder.path.string() + "' && '" KOLM_VIEWER_COMMAND "' " + arguments + " >'" +
-                                out + "' 2>'" + err + "'";
+    const std::string command = before + "cd '" + folder.path.string() + "' && '" KOLM_VIEWER_COMMAND "' " + arguments +
+                                " >'" + out + "' 2>'" + err + "'";
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadBytes(out), ReadBytes(err)};
 }
@@ -53,6 +53,29 @@ TEST(CommandLine, ErrorsAreOneLineAndExitCodeOne)
         EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
         EXPECT_EQ(outcome.output, "") << arguments;
     }
+}
+
+TEST(CommandLine, AFullDiskKeepsTheOldFile)
+{
+    const TestFolder folder;
+    std::string lines;
+    for (int i = 0; i < 9; ++i)
+        lines += "(gr_line (start 0 0) (end 9 " + std::to_string(i) + ") (layer \"Edge.Cuts\") (width 1))";
+    WriteBytes(folder.File("b.kicad_pcb"), BoardText(lines));
+    const std::pair<std::string, std::string> outputs[] = {
+        {"--export", "o.bmp"}, {"--export", "o.jpg"}, {"--archive", "o.kolm"}};
+    for (const auto& [option, name] : outputs) {
+        const std::string output = option + " " + name;
+        const std::string file = folder.File(name);
+        WriteBytes(file, "old");
+        // No file may grow beyond one block, and the signal for trying is ignored: writes then fail as on a full disk.
+        const Outcome outcome = RunViewer(folder, "b.kicad_pcb " + output, "trap '' XFSZ; ulimit -f 1; ");
+        EXPECT_EQ(outcome.code, 1) << output;
+        EXPECT_NE(outcome.errors.find("cannot be written"), std::string::npos) << output << ": " << outcome.errors;
+        EXPECT_EQ(ReadBytes(file), "old") << output;
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path))
+        EXPECT_EQ(entry.path().string().find(".part"), std::string::npos) << entry.path() << " is left lying about";
 }
 
 TEST(CommandLine, DrawsStoresAndDescribes)
