@@ -3,21 +3,32 @@
 #include "gdi/DeviceContext.h"
 #include "gdi/Trace.h"
 
+#include <cstring>
 #include <vector>
 
 using namespace gdi;
 
 namespace {
 
-/// Begins a figure at the current position unless one goes on; returns the device point where the path stands.
-DevicePoint OpenFigure(DeviceContext& dc)
+/// Moves the current position, both coordinates in one store. The next line reads them in one load, and from two stores
+/// that load would have to wait until all pixels written before have reached the cache.
+void SetPosition(DeviceContext& dc, POINT to)
 {
-    const DevicePoint at = dc.world.ToDevice(dc.position.x, dc.position.y);
+    std::memcpy(&dc.position, &to, sizeof to);
+}
+
+DevicePoint DevicePosition(const DeviceContext& dc)
+{
+    return dc.world.ToDevice(dc.position.x, dc.position.y);
+}
+
+/// Begins a figure at the current position unless one goes on.
+void OpenFigure(DeviceContext& dc)
+{
     if (!dc.figureOpen) {
-        dc.path.MoveTo(at);
+        dc.path.MoveTo(DevicePosition(dc));
         dc.figureOpen = true;
     }
-    return at;
 }
 
 /// The finished path, taken for drawing; null when there is none.
@@ -195,7 +206,7 @@ BOOL MoveToEx(HDC handle, int x, int y, LPPOINT former)
         *former = dc->position;
     }
     // The figure begins with its first line, so that moves in a row leave no points behind.
-    dc->position = {x, y};
+    SetPosition(*dc, {x, y});
     dc->figureOpen = false;
     return TRUE;
 }
@@ -224,11 +235,11 @@ BOOL LineTo(HDC handle, int x, int y)
             dc->path.LineTo(to);
         } else {
             dc->scratch.Clear();
-            dc->scratch.MoveTo(dc->world.ToDevice(dc->position.x, dc->position.y));
+            dc->scratch.MoveTo(DevicePosition(*dc));
             dc->scratch.LineTo(to);
             Stroke(*dc, dc->scratch);
         }
-        dc->position = {x, y};
+        SetPosition(*dc, {x, y});
         return TRUE;
     });
 }
@@ -243,10 +254,10 @@ BOOL ArcTo(HDC handle, int left, int top, int right, int bottom, int xr1, int yr
     const ArcRequest request = {left, top, right, bottom, xr1, yr1, xr2, yr2};
     return WithMemory([=] {
         if (dc->pathState == PathState::Open) {
-            const DevicePoint from = OpenFigure(*dc);
-            dc->position = AppendArc(*dc, request, from, dc->path);
+            OpenFigure(*dc);
+            dc->position = AppendArc(*dc, request, DevicePosition(*dc), dc->path);
         } else {
-            const DevicePoint from = dc->world.ToDevice(dc->position.x, dc->position.y);
+            const DevicePoint from = DevicePosition(*dc);
             dc->scratch.Clear();
             dc->scratch.MoveTo(from);
             dc->position = AppendArc(*dc, request, from, dc->scratch);

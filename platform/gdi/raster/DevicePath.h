@@ -4,6 +4,7 @@
 #include "gdi/raster/Surface.h"
 #include "KolmApi.h"
 
+#include <cstring>
 #include <vector>
 
 namespace gdi {
@@ -63,8 +64,12 @@ public:
 private:
     void Add(Verb verb, DevicePoint point)
     {
+        // Vectors take elements from memory. A copy made in one piece can be read in one load at once; read behind two
+        // stores of a coordinate each, it would have to wait for every pixel on its way to the cache.
+        DevicePoint whole;
+        std::memcpy(&whole, &point, sizeof whole);
         m_verbs.push_back(verb);
-        m_points.push_back(point);
+        m_points.push_back(whole);
     }
 
     std::vector<Verb> m_verbs;
