@@ -13,13 +13,14 @@ TemporaryWrappers<CDC> g_contexts;
 
 /// Selects and gives the wrapper of the former object; null when refused. The wrapper is taken first: a former object
 /// that waits to be deleted is gone after the selection.
-template <class Wrapper>
-Wrapper* SelectWrapped(HDC dc, UINT kind, const CGdiObject* next)
+template <class Wrapper, class Object>
+Wrapper* SelectWrapped(HDC dc, Object* DeviceContext::*selected, const CGdiObject* next)
 {
-    if (next == nullptr) {
+    const DeviceContext* const context = FindDc(dc);
+    if (context == nullptr || next == nullptr) {
         return nullptr;
     }
-    CGdiObject* const former = CGdiObject::FromHandle(::GetCurrentObject(dc, kind));
+    CGdiObject* const former = WrapperOf(*(context->*selected));
     return ::SelectObject(dc, next->m_hObject) != nullptr ? static_cast<Wrapper*>(former) : nullptr;
 }
 
@@ -92,22 +93,22 @@ CWnd* CDC::GetWindow() const
 
 CPen* CDC::SelectObject(CPen* pen)
 {
-    return SelectWrapped<CPen>(m_hDC, OBJ_PEN, pen);
+    return SelectWrapped<CPen>(m_hDC, &DeviceContext::pen, pen);
 }
 
 CBrush* CDC::SelectObject(CBrush* brush)
 {
-    return SelectWrapped<CBrush>(m_hDC, OBJ_BRUSH, brush);
+    return SelectWrapped<CBrush>(m_hDC, &DeviceContext::brush, brush);
 }
 
 CFont* CDC::SelectObject(CFont* font)
 {
-    return SelectWrapped<CFont>(m_hDC, OBJ_FONT, font);
+    return SelectWrapped<CFont>(m_hDC, &DeviceContext::font, font);
 }
 
 CBitmap* CDC::SelectObject(CBitmap* bitmap)
 {
-    return SelectWrapped<CBitmap>(m_hDC, OBJ_BITMAP, bitmap);
+    return SelectWrapped<CBitmap>(m_hDC, &DeviceContext::bitmap, bitmap);
 }
 
 CGdiObject* CDC::SelectStockObject(int index)

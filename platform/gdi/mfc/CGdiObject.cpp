@@ -64,6 +64,11 @@ CGdiObject* TemporaryOf(HGDIOBJ object)
 
 } // namespace
 
+CGdiObject* gdi::WrapperOf(const Slot& object)
+{
+    return object.owner != nullptr ? static_cast<CGdiObject*>(object.owner) : TemporaryOf(MakeHandle<HGDIOBJ>(object));
+}
+
 CGdiObject::~CGdiObject()
 {
     DeleteObject(); // takes effect with the last selection
@@ -105,7 +110,7 @@ BOOL CGdiObject::CreateStockObject(int index)
 CGdiObject* CGdiObject::FromHandle(HGDIOBJ object)
 {
     const Slot* const slot = FindObject(object);
-    return slot != nullptr && slot->owner != nullptr ? static_cast<CGdiObject*>(slot->owner) : TemporaryOf(object);
+    return slot != nullptr ? WrapperOf(*slot) : TemporaryOf(object);
 }
 
 BOOL CBitmap::CreateCompatibleBitmap(CDC* dc, int width, int height)

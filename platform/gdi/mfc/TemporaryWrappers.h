@@ -5,7 +5,14 @@
 #include <map>
 #include <new>
 
+class CGdiObject;
+
 namespace gdi {
+
+struct Slot;
+
+/// What FromHandle gives for a live object: its owner or else the temporary wrapper of its slot.
+CGdiObject* WrapperOf(const Slot& object);
 
 /// At most one wrapper for each slot of a handle table, made on first use and reused ever after. Lookups of the slot
 /// asked for last cost a comparison: drawing code asks for the same stock object again and again.
