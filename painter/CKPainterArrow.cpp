@@ -6,6 +6,8 @@
 #include "math/CKMath.h"
 #include "painter/PainterMapping.h"
 
+#include <cmath>
+
 namespace {
 
 constexpr double kWingAngle = 0.3490658700466156; // 20 degrees as a single-precision value, widened

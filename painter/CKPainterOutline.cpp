@@ -8,6 +8,8 @@
 #include "math/CKMath.h"
 #include "painter/PainterMapping.h"
 
+#include <cmath>
+
 namespace {
 
 // A quarter turn as a single-precision value, widened.

@@ -7,6 +7,8 @@
 #include "painter/GdiScope.h"
 #include "painter/PainterMapping.h"
 
+#include <cmath>
+
 namespace {
 
 constexpr float kPiF = 3.1415927f;

@@ -5,6 +5,7 @@
 // change the logical centre and the scale; frames set the physical centre.
 #include "painter/PainterMapping.h"
 
+#include <cmath>
 #include <utility>
 
 namespace {

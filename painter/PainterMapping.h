@@ -6,8 +6,6 @@
 #include "foundation/Saturate.h"
 #include "painter/CKPainter.h"
 
-#include <cmath>
-
 /// World-transform pixels: rounded half up toward zero, so -2.6 and -3.4 both become -2 at one pixel per mm.
 inline int CKPainter::T(double value) const
 {
@@ -19,7 +17,6 @@ inline KPoint CKPainter::D(double x, double y) const
 {
     const double mirroredX = m_boardMirror ? -x : x;
     const double k = PixelsPerUnit();
-    const double px = std::floor((mirroredX - m_logicalCenterX) * k + m_physicalCenterX + 0.5);
-    const double py = std::floor(m_physicalCenterY - (y - m_logicalCenterY) * k + 0.5);
-    return {SaturatedToInt(px), SaturatedToInt(py)};
+    return {SaturatedFloor((mirroredX - m_logicalCenterX) * k + m_physicalCenterX + 0.5),
+            SaturatedFloor(m_physicalCenterY - (y - m_logicalCenterY) * k + 0.5)};
 }
