@@ -252,8 +252,9 @@ public:
     /// The closed outline of a track with round or square ends that reach half a width beyond the ends. A width of 0 or
     /// less adds the bare segment.
     void AddLineOutlinePath(CDC* dc, double x1, double y1, double x2, double y2, float width, int roundEnds);
-    /// The closed outline of a thick arc with round ends; two circles when start and end are equal. A width of 0 or
-    /// less continues the current figure with the bare arc. The float before `mirror` is not used.
+    /// The closed outline of a thick arc with round ends; two circles when start and end are equal, whose centre is
+    /// mirrored and moved but not turned. A width of 0 or less continues the current figure with the bare arc. The
+    /// float before `mirror` is not used.
     void AddArcOutlinePath(CDC* dc, double startX, double startY, double endX, double endY, double centerX,
                            double centerY, double width, int sweepCcw, double offsetX, double offsetY, float angle,
                            float unused, int mirror);

@@ -228,9 +228,11 @@ void CKPainter::AddArcOutlinePath(CDC* dc, double startX, double startY, double 
 
     const double halfWidth = width * 0.5;
     if (startX == endX && startY == endY) {
-        // A ring looks the same however it is turned, so only its centre is placed.
+        // A ring stays where it is for every angle: views rely on that. Mirrored it is the mirror image of that ring,
+        // as every outline is.
         const double radius = CKMath::GetDistance(startX, startY, centerX, centerY);
-        CKMath::TranslatePoint(centerX, centerY, angle, mirror);
+        if (mirror)
+            centerX = -centerX;
         AddCirclePath(dc, centerX + offsetX, centerY + offsetY, radius - halfWidth, 1);
         AddCirclePath(dc, centerX + offsetX, centerY + offsetY, radius + halfWidth, 1);
         return;

@@ -164,7 +164,7 @@ const ThickArc kThickArcs[] = {
     {"mirrored", 0, 90, 1, 0, 0, 0, 1},
     {"turned, mirrored, moved", 20, 130, 0, -1.5, 2.5, 70.0f, 1},
     {"ring", 45, 45, 1, 1, -2, 0, 0},
-    {"ring placed about the origin", 45, 45, 1, 1, -2, 90.0f, 1},
+    {"mirrored ring", 45, 45, 1, 1, -2, 0, 1},
 };
 
 /// Distance of a point from the arc as it lies on the board before placing.
@@ -215,6 +215,17 @@ TEST(CKPainterOutline, ThickArcsCoverWhatTheyShould)
         }
         EXPECT_EQ(wrong, 0) << arc.why;
         EXPECT_GT(inside, 500) << arc.why;
+    }
+}
+
+TEST(CKPainterOutline, RingIsNotTurned)
+{
+    for (const float angle : {0.0f, 90.0f}) {
+        const std::string trace =
+            Built([=](CKPainter& p, CDC* dc) { p.AddArcOutlinePath(dc, 5, 3, 5, 3, 2, 3, 2.0, 1, 1, 2, angle, 0, 0); });
+        EXPECT_EQ(trace, "MoveTo 10 50\nArcTo 10 30 50 70 10 50 10 50\n"
+                         "MoveTo -10 50\nArcTo -10 10 70 90 -10 50 -10 50\n")
+            << angle;
     }
 }
 
