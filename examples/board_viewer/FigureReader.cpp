@@ -108,8 +108,9 @@ void AppendArcPoints(const SExpr& item, const Placement& placement, std::vector<
         const double a2 = std::atan2(arc.end.y - arc.centre.y, arc.end.x - arc.centre.x);
         double sweep = std::fmod(arc.counterClockwise ? a2 - a1 : a1 - a2, 2 * M_PI);
         sweep = sweep <= 0 ? sweep + 2 * M_PI : sweep;
-        for (double turn = kStep; turn < sweep; turn += kStep)
-            points.push_back(Turned(arc.start, arc.centre, arc.counterClockwise ? turn : -turn));
+        const double step = arc.counterClockwise ? kStep : -kStep;
+        for (int i = 1; i * kStep < sweep; ++i)
+            points.push_back(Turned(arc.start, arc.centre, i * step));
     }
     points.push_back(arc.end);
 }

@@ -51,7 +51,7 @@ std::vector<const PictureLayer*> FindLayers(const BoardPicture& picture, const s
         if (!layer) {
             std::string known;
             for (const auto& existing : picture.layers)
-                known += " " + existing->name;
+                known.append(" ").append(existing->name);
             throw std::runtime_error("unknown layer '" + name + "'; the board has" + known);
         }
         layers.push_back(layer);

@@ -307,6 +307,18 @@ TEST(BoardReader, CurvesPassTheirMiddle)
         << "a Bezier curve's middle is (p0 + 3 p1 + 3 p2 + p3) / 8";
 }
 
+TEST(BoardReader, ArcsInOutlinesBecomeChords)
+{
+    // A half disc of radius 5 around (10, 20) of the file: its round side bulges upward.
+    const Board board =
+        ReadItems("(gr_poly (pts (arc (start 15 20) (mid 10 15) (end 5 20)) (xy 10 20)) (layer \"F.Cu\")"
+                  " (width 0) (fill solid))");
+    const Figure& figure = board.graphics.at(0).figures.at(0);
+    EXPECT_EQ(DistanceToFigure(figure, {10, -15.02}), 0);
+    EXPECT_NEAR(DistanceToFigure(figure, {10, -14}), 1, 0.01) << "chords of 5 degrees stay within 0.005 of the arc";
+    EXPECT_NEAR(DistanceToFigure(figure, {10, -21}), 1, 0.01);
+}
+
 TEST(BoardReader, DimensionsStandBesideTheirPoints)
 {
     // From (10, 30) up to (10, 10): its right side, for a height of 5, lies at x 15.
