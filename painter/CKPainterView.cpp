@@ -10,8 +10,8 @@
 
 namespace {
 
-// An empty centre asks the next frame to fit the target area. Only x tells: y may hold anything.
-// The x of an empty logical centre: the largest finite double, compared exactly.
+// The x of an empty logical centre, which asks the next frame to fit the target area: the largest finite double,
+// compared exactly. Only x tells, y may hold anything.
 constexpr double kEmptyCenter = 0x1.fffffffffffffp+1023;
 
 // Far below these a whole board is less than a pixel, and a wheel turned on would lose it for good. The finer limit is

@@ -29,8 +29,8 @@ private:
     Object* m_previous; // null when nothing was selected, or when it is back already
 };
 
-/// The device context of a window (null: of the screen). Without a handle when the window is gone, which every call
-/// refuses.
+/// The device context of a window; that of the screen for null and for a window object that has no window. Without a
+/// handle when the window is gone, which every call refuses.
 class WindowDC
 {
 public:
