@@ -78,7 +78,8 @@ public:
 
     /// The point turned about the origin, or about a centre, which then comes first in the argument list. No angle is a
     /// special case: 0 keeps every bit, 90 carries the error of pi as a float. The int overloads round each coordinate
-    /// of the turned difference as GetRoundedOff() does.
+    /// of the turned difference as GetRoundedOff() does, which takes negative whole numbers up by one: (-5, 0) by 0 is
+    /// (-4, 0).
     static KPointD GetRotatedPoint(double x, double y, float angle);
     static KPointF GetRotatedPoint(float x, float y, float angle);
     static KPointD GetRotatedPoint(double cx, double cy, double x, double y, float angle);

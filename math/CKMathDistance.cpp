@@ -61,6 +61,7 @@ float CKMath::GetLineXOrLineY(float x1, float y1, float x2, float y2, int wantY,
     constexpr float kNone = std::numeric_limits<float>::max();
     const float dx = x1 - x2;
     const float dy = y1 - y2;
+    // Vertical comes first, so that a line of no length has an x and no y.
     if (dx == 0.0f)
         return wantY ? kNone : x1;
     if (dy == 0.0f)
@@ -95,6 +96,8 @@ int CKMath::GetRelativeDirection(double x1, double y1, double x2, double y2, dou
     return side > 0.0 ? 1 : 0;
 }
 
+// The codes beyond the ends of a segment (-1 behind, +1 beyond) make collinear segments come out right too: both ends
+// of the other on one side of it multiply to 1, like two ends to the left.
 int CKMath::IsIntersectLineToLine(double x1, double y1, double x2, double y2, double x3, double y3, double x4,
                                   double y4)
 {

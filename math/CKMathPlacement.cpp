@@ -6,6 +6,7 @@ namespace {
 
 // The double and the float functions take the same steps; only the arithmetic differs.
 
+// By sign, not by subtraction from 0: an x of +0.0 becomes -0.0.
 template <typename Real>
 void Mirror(Real& x, int mirror)
 {
@@ -38,6 +39,7 @@ void PlacePoints(Real& x1, Real& y1, Real& x2, Real& y2, float angle, int mirror
 /// The node's coordinate; the coordinate itself when the node's number is no int or an infinite grid has no node.
 float Snapped(float coordinate, float grid)
 {
+    // The sign is that of the coordinate as it came; truncation then makes half steps leave zero on both sides.
     const double steps = static_cast<double>(coordinate / grid) + (coordinate < 0.0f ? -0.5 : 0.5);
     if (!(std::fabs(steps) < 2147483648.0))
         return coordinate;

@@ -28,7 +28,8 @@ KPointF CKMath::GetRotatedPoint(float cx, float cy, float x, float y, float angl
     return {turn.X(x - cx, y - cy) + cx, turn.Y(x - cx, y - cy) + cy};
 }
 
-// Widening is exact, so only the turn and the final rounding lose anything.
+// Widening is exact, so only the turn and the final rounding lose anything. The rounding moves negative whole numbers
+// up by one: -5 and a half truncates to -4, at angle 0 too.
 KPoint CKMath::GetRotatedPoint(int x, int y, float angle)
 {
     const KPointD turned = GetRotatedPoint(static_cast<double>(x), static_cast<double>(y), angle);
@@ -47,7 +48,8 @@ KPoint CKMath::GetRotatedPoint(int cx, int cy, int x, int y, float angle)
 
 KPointD CKMath::GetAngleToPoint(double distance, float angle)
 {
-    // The four axes by exact comparison; no normalisation comes first.
+    // The four axes by exact comparison, where cosine and sine of a rounded angle would leave some 4e-8 of the distance
+    // in the other coordinate. No normalisation comes first.
     if (angle == 0.0f)
         return {distance, 0.0};
     if (angle == 90.0f)

@@ -51,8 +51,11 @@ TEST(CKMathRotation, WholePointsAreRoundedBeforeTheCentreComesBack)
     const KPoint inward = CKMath::GetRotatedPoint(100, -100, 99, -100, 45.0f);
     EXPECT_EQ(inward.x, 100);
     EXPECT_EQ(inward.y, -100);
+    const KPoint unturned = CKMath::GetRotatedPoint(-5, 5, 0.0f);
+    EXPECT_EQ(unturned.x, -4) << "-5 and a half, truncated";
+    EXPECT_EQ(unturned.y, 5);
     const KPoint far = CKMath::GetRotatedPoint(INT_MIN, 5, INT_MAX, 5, 0.0f);
-    EXPECT_EQ(far.x, -1) << "the difference saturates before the centre is added";
+    EXPECT_EQ(far.x, -1) << "the rounded difference saturates before the centre is added";
     EXPECT_EQ(far.y, 5);
     const KPoint lost = CKMath::GetRotatedPoint(7, 7, std::numeric_limits<float>::quiet_NaN());
     EXPECT_EQ(lost.x, 0);
