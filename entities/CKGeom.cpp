@@ -15,6 +15,7 @@ CKGeom& CKGeom::operator=(const CKGeom& other)
 
 int CKGeom::operator==(const CKGeom& other) const
 {
+    // First by identity, here and in every shape: a NaN must not make a shape differ from itself.
     if (this == &other)
         return 1;
     return m_offsetX == other.m_offsetX && m_offsetY == other.m_offsetY && m_minMax == other.m_minMax;
@@ -35,12 +36,13 @@ void CKGeom::Serialize(CArchive& ar)
     } else {
         ar >> version;
         if (version < 1)
-            return;
+            return; // the corners belong to the header and go unread with it
         ar >> m_offsetX >> m_offsetY;
     }
     m_minMax.Serialize(ar);
 }
 
+// Every shape has its own: copies of lists keep the kinds of their elements only through it.
 CKGeom* CKGeom::clone() const
 {
     return new CKGeom(*this);

@@ -26,7 +26,7 @@ int CKGeomArc::operator!=(const CKGeomArc& other) const
 void CKGeomArc::Serialize(CArchive& ar)
 {
     CKGeom::Serialize(ar);
-    int version = 1;
+    int version = 1; // of this section; the header before it has its own
     if (ar.IsStoring()) {
         // The thickness stands between the end and the centre.
         ar << version << m_startX << m_startY << m_endX << m_endY << m_thickness;

@@ -72,7 +72,7 @@ void CKGeomArray::DeleteAt(int i)
     if (i >= GetSize())
         return;
     CKGeom* shape = GetAt(i); // raises for a negative index
-    RemoveAt(i);
+    RemoveAt(i);              // first, so that the list never shows a shape that is being destroyed
     delete shape;
 }
 

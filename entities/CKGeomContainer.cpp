@@ -13,9 +13,10 @@ namespace {
 /// nest as many as it has bytes, and each takes some hundred bytes of stack.
 constexpr int kMaxNesting = 128;
 
+/// Of this thread: how deep the records run is a matter of its stack, whichever archive they lie in.
 thread_local int nesting = 0;
 
-/// One container record that is being written or read on this thread.
+/// One container record that is being written or read on this thread. Leaves its level when an exception passes, too.
 class NestingLevel
 {
 public:
@@ -30,6 +31,7 @@ public:
     NestingLevel& operator=(const NestingLevel&) = delete;
 };
 
+/// Compares offset and corners. A null is equal to a null only.
 int IsSameElement(const CKGeom* a, const CKGeom* b)
 {
     if (a == b)
@@ -55,12 +57,13 @@ CKGeomContainer& CKGeomContainer::operator=(const CKGeomContainer& other)
 {
     if (this == &other)
         return *this;
+    // Whatever fails while copying leaves this container whole. The old elements go with `copy` at the end.
     CKGeomContainer copy(other);
     CKGeom::operator=(other); // before the own elements go, since the other container may be among them
     if (copy.m_elements)
         m_elements.swap(copy.m_elements);
     else
-        DeleteElements();
+        DeleteElements(); // nothing to take over: the own list stays, empty
     return *this;
 }
 
@@ -133,6 +136,7 @@ void CKGeomContainer::Load(CArchive& ar)
         int type = 0;
         ar >> type;
         std::unique_ptr<CKGeom> shape(NewCKGeom(type));
+        // No record tells its length, so what comes after an unknown kind cannot be found.
         if (!shape)
             AfxThrowArchiveException(CArchiveException::badSchema);
         // Until it is read whole, the shape is the loop's, which frees it when the archive ends early.
@@ -152,6 +156,7 @@ int CKGeomContainer::GetType()
     return 5;
 }
 
+// The codes are part of the archive format: a kind may be added, none may change.
 CKGeom* CKGeomContainer::NewCKGeom(int type)
 {
     switch (type) {
@@ -170,6 +175,7 @@ CKGeom* CKGeomContainer::NewCKGeom(int type)
     }
 }
 
+// An int, as archives count; memory ends long before.
 int CKGeomContainer::GetCount() const
 {
     return m_elements ? static_cast<int>(m_elements->GetSize()) : 0;
@@ -187,6 +193,7 @@ int CKGeomContainer::IsEmpty()
 
 void CKGeomContainer::Add(CKGeom* shape)
 {
+    // Made late: most polygons of a board have no holes, and each would carry an empty list.
     if (!m_elements)
         m_elements = std::make_unique<CKGeomArray>();
     m_elements->Add(shape);

@@ -25,7 +25,7 @@ int CKGeomLine::operator!=(const CKGeomLine& other) const
 void CKGeomLine::Serialize(CArchive& ar)
 {
     CKGeom::Serialize(ar);
-    int version = 1;
+    int version = 1; // of this section; the header before it has its own
     if (ar.IsStoring()) {
         ar << version << m_startX << m_startY << m_endX << m_endY << m_thickness;
         return;

@@ -4,6 +4,7 @@
 
 CKGeomPolygon::CKGeomPolygon() = default;
 
+// For CKGeomTreeCopy, as in the container.
 CKGeomPolygon::CKGeomPolygon(const CKGeom& fields) : CKGeom(fields) {}
 
 CKGeomPolygon::CKGeomPolygon(const CKGeomPolygon& other) : CKGeom(other)
@@ -19,6 +20,7 @@ CKGeomPolygon& CKGeomPolygon::operator=(const CKGeomPolygon& other)
         return *this;
     CKGeomPolygon copy(other);
     CKGeom::operator=(other); // before the own containers go, since the other polygon may lie in them
+    // Pointers that hosts kept to the old containers end here, unlike those of a polygon that is loaded again.
     m_outline.swap(copy.m_outline);
     m_hole.swap(copy.m_hole);
     return *this;

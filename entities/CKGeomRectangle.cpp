@@ -9,7 +9,8 @@ CKGeom* CKGeomRectangle::clone() const
     return new CKGeomRectangle(*this);
 }
 
-// Sizes are formed in double and narrowed once.
+// Sizes are formed in double and narrowed once. The centre keeps its precision: boards lie far from the origin, where
+// floats are too coarse for a place but not for a size.
 void CKGeomRectangle::SetData(double x1, double x2, double y1, double y2, float rotation)
 {
     m_centerX = (x1 + x2) * 0.5;

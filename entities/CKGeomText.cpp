@@ -23,7 +23,7 @@ int CKGeomText::operator!=(const CKGeomText& other) const
 void CKGeomText::Serialize(CArchive& ar)
 {
     CKGeom::Serialize(ar);
-    int version = 1;
+    int version = 1; // of this section; the header before it has its own
     if (ar.IsStoring()) {
         ar << version << m_text << m_x << m_y << m_angle;
         return;
@@ -48,4 +48,5 @@ int CKGeomText::GetType()
     return 1;
 }
 
+// A place for hosts beside the painter's way in, which is DrawNoWorldTransform.
 void CKGeomText::Draw(CKPainter* /*painter*/, CDC* /*dc*/) {}

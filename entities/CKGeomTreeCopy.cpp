@@ -35,7 +35,7 @@ void CKGeomTreeCopy::Run()
 std::unique_ptr<CKGeom> CKGeomTreeCopy::CopyShape(const CKGeom* shape)
 {
     if (!shape)
-        return nullptr;
+        return nullptr; // nulls keep their places
     // Exact classes only: what a host derives from them knows best how it is copied.
     if (typeid(*shape) == typeid(CKGeomContainer))
         return CopyLater(static_cast<const CKGeomContainer*>(shape));

@@ -2,7 +2,8 @@
 
 CArrayArrayPointD::CArrayArrayPointD() = default;
 
-// Element by element through the assignment of the point lists, so nothing is shared with the source.
+// Element by element through the assignment of the point lists, so nothing is shared with the source. The base is made
+// empty: it has no copy constructor.
 CArrayArrayPointD::CArrayArrayPointD(const CArrayArrayPointD& other) : CArray<CArrayPointD, const CArrayPointD&>()
 {
     Copy(other);

@@ -13,6 +13,7 @@ CKPoint& CKPoint::operator=(const CKPoint& other)
     return *this;
 }
 
+// Whole numbers are equal to themselves, so identity needs no test of its own.
 int CKPoint::operator==(CKPoint& other)
 {
     return m_x == other.m_x && m_y == other.m_y ? 1 : 0;

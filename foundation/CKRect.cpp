@@ -10,6 +10,7 @@ void CKRect::Set(int left, int right, int bottom, int top)
     m_top = top;
 }
 
+// The difference of two ints can need 33 bits; it saturates rather than change its sign.
 int CKRect::GetWidth()
 {
     return SaturatedDifference(m_right, m_left);

@@ -32,7 +32,8 @@ void CKRectD::Set(double left, double right, double bottom, double top)
     m_initialized = 1;
 }
 
-// The sizes of a rectangle that is not arranged are those it would have arranged.
+// The sizes of a rectangle that is not arranged are those it would have arranged. Each has a plain form beside the
+// const one, since hosts link to either.
 double CKRectD::GetWidth() const
 {
     return std::fabs(m_right - m_left);
@@ -77,6 +78,7 @@ double CKRectD::GetMaxSizeWidthHeight(double& width, double& height)
 
 KPointD CKRectD::GetCenter()
 {
+    // Summed before halving: two edges beyond half the largest double have an infinite centre.
     return {(m_left + m_right) * 0.5, (m_bottom + m_top) * 0.5};
 }
 
@@ -88,6 +90,7 @@ int CKRectD::IsIntersect(CKRectD other)
     return 1;
 }
 
+// A point is a rectangle without extent, as the first one and in the comparisons.
 void CKRectD::MergePoint(double x, double y)
 {
     Merge(x, x, y, y);

@@ -32,7 +32,8 @@ void CKRectF::Set(float left, float right, float bottom, float top)
     m_initialized = 1;
 }
 
-// The sizes of a rectangle that is not arranged are those it would have arranged.
+// The sizes of a rectangle that is not arranged are those it would have arranged. Each has a plain form beside the
+// const one, since hosts link to either.
 float CKRectF::GetWidth() const
 {
     return std::fabs(m_right - m_left);
@@ -92,6 +93,7 @@ int CKRectF::IsIntersect(CKRectF other)
     return 1;
 }
 
+// A point is a rectangle without extent, as the first one and in the comparisons.
 void CKRectF::MergePoint(float x, float y)
 {
     Merge(x, x, y, y);

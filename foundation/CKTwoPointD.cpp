@@ -2,6 +2,7 @@
 
 int CKTwoPointD::operator==(const CKTwoPointD& other) const
 {
+    // Shapes compare their corners through this, and a shape is equal to itself even with a NaN in them.
     if (this == &other)
         return 1;
     return m_x1 == other.m_x1 && m_y1 == other.m_y1 && m_x2 == other.m_x2 && m_y2 == other.m_y2;

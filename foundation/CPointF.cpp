@@ -13,6 +13,7 @@ int CPointF::operator!=(const CPointF& other) const
     return !(*this == other);
 }
 
+// Without a version, unlike the records of shapes: the two floats are the whole format.
 void CPointF::Serialize(CArchive& ar)
 {
     if (ar.IsStoring())

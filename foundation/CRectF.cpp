@@ -24,6 +24,7 @@ int CRectF::operator!=(const CRectF& other) const
     return !(*this == other);
 }
 
+// Without a version, unlike the records of shapes: the four floats are the whole format.
 void CRectF::Serialize(CArchive& ar)
 {
     if (ar.IsStoring())
