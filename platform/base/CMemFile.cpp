@@ -124,14 +124,17 @@ UINT CMemFile::GetBufferPtr(UINT command, UINT count, void** start, void** stop)
         // Only bytes that a bufferWrite made room for can have been written.
         if (count > m_capacity - std::min(m_position, m_capacity))
             AfxThrowInvalidArgException();
+        if (count == 0)
+            return 0; // a position past the end does not lengthen the file by itself
+        ClearGap();
         m_position += count;
         m_length = std::max(m_length, m_position);
         return count;
     case bufferRead: {
         const UINT got = m_position < m_length ? UINT(std::min<ULONGLONG>(count, m_length - m_position)) : 0;
         if (start && stop) {
-            *start = m_block + m_position;
-            *stop = m_block + m_position + got;
+            *start = got > 0 ? m_block + m_position : m_block;
+            *stop = static_cast<BYTE*>(*start) + got;
         }
         m_position += got;
         return got;

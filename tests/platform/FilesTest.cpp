@@ -203,6 +203,11 @@ TEST_F(Files, MemoryIsReachedDirectly)
     EXPECT_EQ(file.GetBufferPtr(CFile::bufferRead, 10, &start, &stop), 2u);
     EXPECT_EQ(*static_cast<char*>(start), 'm');
     EXPECT_EQ(file.GetPosition(), 60u);
+    file.Seek(5000, CFile::begin);
+    EXPECT_EQ(file.GetBufferPtr(CFile::bufferCommit, 0), 0u);
+    EXPECT_EQ(file.GetBufferPtr(CFile::bufferRead, 10, &start, &stop), 0u);
+    EXPECT_EQ(start, stop);
+    EXPECT_EQ(file.GetLength(), 60u) << "a position behind the end is no length";
     EXPECT_EQ(CFile().GetBufferPtr(CFile::bufferCheck), 0u);
 }
 
