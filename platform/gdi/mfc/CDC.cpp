@@ -5,6 +5,8 @@
 #include "gdi/mfc/TemporaryWrappers.h"
 #include "gdi/mfc/windowclasses.h"
 
+#include <algorithm>
+
 using namespace gdi;
 
 namespace {
@@ -28,6 +30,13 @@ template <class Wrapper>
 Wrapper* CurrentWrapped(HDC dc, UINT kind)
 {
     return static_cast<Wrapper*>(CGdiObject::FromHandle(::GetCurrentObject(dc, kind)));
+}
+
+/// The end of an edge, held within int32.
+LONG FarEdge(int start, int extent)
+{
+    const int64_t end = int64_t(start) + extent;
+    return LONG(std::max<int64_t>(std::min<int64_t>(end, 0x7FFFFFFF), -0x7FFFFFFF - 1));
 }
 
 } // namespace
@@ -162,9 +171,14 @@ CPoint CDC::MoveTo(int x, int y)
 
 void CDC::FillSolidRect(int x, int y, int width, int height, COLORREF color)
 {
+    const RECT box = {x, y, FarEdge(x, width), FarEdge(y, height)};
+    FillSolidRect(&box, color);
+}
+
+void CDC::FillSolidRect(const RECT* box, COLORREF color)
+{
     ::SetBkColor(m_hDC, color);
-    const RECT box = {x, y, x + width, y + height};
-    ::ExtTextOutA(m_hDC, 0, 0, ETO_OPAQUE, &box, "", 0, nullptr);
+    ::ExtTextOutA(m_hDC, 0, 0, ETO_OPAQUE, box, "", 0, nullptr);
 }
 
 BOOL CDC::BitBlt(int x, int y, int width, int height, CDC* source, int xSrc, int ySrc, DWORD code)

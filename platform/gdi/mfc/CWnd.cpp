@@ -84,7 +84,10 @@ void CWnd::MoveWindow(int x, int y, int width, int height, BOOL repaint)
 
 void CWnd::MoveWindow(const RECT* rect, BOOL repaint)
 {
-    MoveWindow(rect->left, rect->top, rect->right - rect->left, rect->bottom - rect->top, repaint);
+    // Differences of edges may need 33 bits; sizes that large are refused, as negative ones are.
+    const int64_t width = int64_t(rect->right) - rect->left, height = int64_t(rect->bottom) - rect->top;
+    const auto held = [](int64_t size) { return size == int32_t(size) ? int32_t(size) : -1; };
+    MoveWindow(rect->left, rect->top, held(width), held(height), repaint);
 }
 
 CDC* CWnd::GetDC()

@@ -81,12 +81,10 @@ public:
     int GetPath(POINT* points, BYTE* types, int count) const { return ::GetPath(m_hDC, points, types, count); }
     BOOL Rectangle(int left, int top, int right, int bottom) { return ::Rectangle(m_hDC, left, top, right, bottom); }
     BOOL Rectangle(const RECT* box) { return Rectangle(box->left, box->top, box->right, box->bottom); }
-    /// Fills a box with a colour, which becomes the background colour as on the platform.
+    /// Fills a box with a colour, which becomes the background colour as on the platform. Edges are held within int32;
+    /// a null box fills nothing.
     void FillSolidRect(int x, int y, int width, int height, COLORREF color);
-    void FillSolidRect(const RECT* box, COLORREF color)
-    {
-        FillSolidRect(box->left, box->top, box->right - box->left, box->bottom - box->top, color);
-    }
+    void FillSolidRect(const RECT* box, COLORREF color);
 
     COLORREF SetPixel(int x, int y, COLORREF color) { return ::SetPixel(m_hDC, x, y, color); }
     COLORREF GetPixel(int x, int y) const { return ::GetPixel(m_hDC, x, y); }

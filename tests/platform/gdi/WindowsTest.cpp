@@ -22,6 +22,13 @@ TEST(GdiWindows, PixelsStayWhereTheyAreWhenResized)
     EXPECT_EQ(dc->GetPixel(0, 49), 0u);
     EXPECT_EQ(dc->GetPixel(11, 0), CLR_INVALID);
     EXPECT_FALSE(::MoveWindow(window, 0, 0, -1, 5, 1) || ::MoveWindow(window, 0, 0, 0x7FFFFFFF, 0x7FFFFFFF, 1));
+    const CRect wide(-0x7FFFFFFF - 1, 0, 0x7FFFFFFF, 5); // its width needs 33 bits
+    window.MoveWindow(wide);
+    dc->FillSolidRect(5, 5, 0x7FFFFFFF, -0x7FFFFFFF - 1, RGB(9, 9, 9));
+    window.GetClientRect(client);
+    EXPECT_EQ(client, CRect(0, 0, 11, 50));
+    EXPECT_EQ(dc->GetPixel(7, 3), RGB(9, 9, 9));
+    EXPECT_EQ(dc->GetPixel(4, 3), 0u);
     BITMAP pixels;
     ASSERT_TRUE(GdiGetWindowPixels(window, &pixels));
     uint32_t value;
