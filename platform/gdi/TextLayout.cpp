@@ -146,7 +146,7 @@ TextLine::TextLine(DeviceContext& dc, ScaledFonts& used, int x, int y, int32_t l
     baseline = vertical == TA_BASELINE ? 0 : vertical == TA_BOTTOM ? -double(metrics.descent) : metrics.ascent;
     const UINT horizontal = dc.textAlign & TA_CENTER;
     if (horizontal == TA_CENTER) {
-        left = -double(width / 2);
+        left = -std::floor(width / 2.0); // whole units, so that glyphs keep their pixels
     } else if (horizontal == TA_RIGHT) {
         left = -double(width);
     }

@@ -177,7 +177,7 @@ std::shared_ptr<ScaledFonts> ScaledFonts::Of(const LOGFONTA& record)
     if (face == nullptr) {
         return nullptr;
     }
-    const auto made = std::make_shared<ScaledFonts>(face, record);
+    auto made = std::make_shared<ScaledFonts>(face, record);
     kept->push_back({record, made});
     if (kept->size() > kKeptRecords) {
         kept->pop_front();
