@@ -39,17 +39,13 @@ void CopyRowsIn(const Surface& surface, const void* bits)
     }
 }
 
-/// The device context and the device pixel; null when the pixel lies outside.
-DeviceContext* FindPixel(HDC handle, int x, int y, DevicePoint& pixel)
+/// Whether a logical point shows on a pixel of the surface, and on which.
+bool FindPixel(const DeviceContext& dc, int x, int y, DevicePoint& pixel)
 {
-    DeviceContext* const dc = FindDc(handle);
-    if (dc == nullptr) {
-        return nullptr;
-    }
-    pixel = dc->world.ToDevice(x, y);
-    const Surface& surface = *dc->surface;
+    pixel = dc.world.ToDevice(x, y);
+    const Surface& surface = *dc.surface;
     const bool inside = pixel.x >= 0 && pixel.y >= 0 && pixel.x < surface.width && pixel.y < surface.height;
-    return inside && surface.bits != nullptr ? dc : nullptr;
+    return inside && surface.bits != nullptr;
 }
 
 } // namespace
@@ -108,12 +104,10 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, H
 
 COLORREF SetPixel(HDC handle, int x, int y, COLORREF color)
 {
+    DeviceContext* const dc = FindDc(handle);
+    Trace(dc, "SetPixel %d %d 0x%06X", x, y, color & kColorBits);
     DevicePoint at;
-    if (DeviceContext* const dc = FindDc(handle)) {
-        Trace(*dc, "SetPixel %d %d 0x%06X", x, y, color & kColorBits);
-    }
-    DeviceContext* const dc = FindPixel(handle, x, y, at);
-    if (dc == nullptr) {
+    if (dc == nullptr || !FindPixel(*dc, x, y, at)) {
         return CLR_INVALID;
     }
     const uint32_t value = ToPixel(*dc->surface, color, dc->bkColor);
@@ -123,7 +117,10 @@ COLORREF SetPixel(HDC handle, int x, int y, COLORREF color)
 
 COLORREF GetPixel(HDC handle, int x, int y)
 {
+    const DeviceContext* const dc = FindDc(handle);
     DevicePoint at;
-    const DeviceContext* const dc = FindPixel(handle, x, y, at);
-    return dc == nullptr ? CLR_INVALID : ToColor(*dc->surface, ReadPixel(*dc->surface, at.x, at.y));
+    if (dc == nullptr || !FindPixel(*dc, x, y, at)) {
+        return CLR_INVALID;
+    }
+    return ToColor(*dc->surface, ReadPixel(*dc->surface, at.x, at.y));
 }

@@ -187,7 +187,7 @@ BOOL BitBlt(HDC handle, int x, int y, int width, int height, HDC source, int xSr
     if (dc == nullptr || (source != nullptr && from == nullptr)) {
         return FALSE;
     }
-    Trace(*dc, "BitBlt %d %d %d %d %d %d 0x%08X", x, y, width, height, xSrc, ySrc, code);
+    Trace(dc, "BitBlt %d %d %d %d %d %d 0x%08X", x, y, width, height, xSrc, ySrc, code);
     const DevicePoint at = dc->world.ToDevice(x, y);
     const DevicePoint start = from != nullptr ? from->world.ToDevice(xSrc, ySrc) : at;
     return WithMemory([&] { return Transfer(*dc, from, at, start, width, height, code); });

@@ -277,10 +277,10 @@ void GdiSetScreenResolution(int pixelsPerInch)
 int SetBkMode(HDC handle, int mode)
 {
     DeviceContext* const dc = FindDc(handle);
+    Trace(dc, "SetBkMode %d", mode);
     if (dc == nullptr || (mode != TRANSPARENT && mode != OPAQUE)) {
         return 0;
     }
-    Trace(*dc, "SetBkMode %d", mode);
     return Replace(dc->bkMode, mode);
 }
 
@@ -290,7 +290,7 @@ COLORREF SetBkColor(HDC handle, COLORREF color)
     if (dc == nullptr) {
         return CLR_INVALID;
     }
-    Trace(*dc, "SetBkColor 0x%06X", color & 0xFFFFFF);
+    Trace(dc, "SetBkColor 0x%06X", color & 0xFFFFFF);
     return Replace(dc->bkColor, color & 0xFFFFFF);
 }
 
@@ -300,7 +300,7 @@ COLORREF SetTextColor(HDC handle, COLORREF color)
     if (dc == nullptr) {
         return CLR_INVALID;
     }
-    Trace(*dc, "SetTextColor 0x%06X", color & 0xFFFFFF);
+    Trace(dc, "SetTextColor 0x%06X", color & 0xFFFFFF);
     return Replace(dc->textColor, color & 0xFFFFFF);
 }
 
@@ -309,41 +309,42 @@ int SetROP2(HDC handle, int mode)
     DeviceContext* const dc = FindDc(handle);
     const bool known = mode == R2_BLACK || mode == R2_NOT || mode == R2_XORPEN || mode == R2_NOP ||
                        mode == R2_COPYPEN || mode == R2_WHITE;
+    Trace(dc, "SetROP2 %d", mode);
     if (dc == nullptr || !known) {
         return 0;
     }
-    Trace(*dc, "SetROP2 %d", mode);
     return Replace(dc->rop, mode);
 }
 
 int SetPolyFillMode(HDC handle, int mode)
 {
     DeviceContext* const dc = FindDc(handle);
+    Trace(dc, "SetPolyFillMode %d", mode);
     if (dc == nullptr || (mode != ALTERNATE && mode != WINDING)) {
         return 0;
     }
-    Trace(*dc, "SetPolyFillMode %d", mode);
     return Replace(dc->polyFillMode, mode);
 }
 
 int SetArcDirection(HDC handle, int direction)
 {
     DeviceContext* const dc = FindDc(handle);
+    Trace(dc, "SetArcDirection %d", direction);
     if (dc == nullptr || (direction != AD_COUNTERCLOCKWISE && direction != AD_CLOCKWISE)) {
         return 0;
     }
-    Trace(*dc, "SetArcDirection %d", direction);
     return Replace(dc->arcDirection, direction);
 }
 
 int SetGraphicsMode(HDC handle, int mode)
 {
     DeviceContext* const dc = FindDc(handle);
+    Trace(dc, "SetGraphicsMode %d", mode);
+    // GM_COMPATIBLE has no transform: the host has to set the identity before it goes back.
     if (dc == nullptr || (mode != GM_COMPATIBLE && mode != GM_ADVANCED) ||
         (mode == GM_COMPATIBLE && !dc->world.identity)) {
         return 0;
     }
-    Trace(*dc, "SetGraphicsMode %d", mode);
     return Replace(dc->graphicsMode, mode);
 }
 
@@ -353,7 +354,7 @@ UINT SetTextAlign(HDC handle, UINT align)
     if (dc == nullptr) {
         return GDI_ERROR;
     }
-    Trace(*dc, "SetTextAlign %u", align);
+    Trace(dc, "SetTextAlign %u", align);
     return Replace(dc->textAlign, align);
 }
 
@@ -408,12 +409,12 @@ UINT GetTextAlign(HDC handle)
 BOOL SetWorldTransform(HDC handle, const XFORM* transform)
 {
     DeviceContext* const dc = FindDc(handle);
-    if (dc == nullptr || transform == nullptr || dc->graphicsMode != GM_ADVANCED || !dc->world.Set(*transform)) {
+    if (dc == nullptr || transform == nullptr) {
         return FALSE;
     }
-    Trace(*dc, "SetWorldTransform %.9g %.9g %.9g %.9g %.9g %.9g", double(transform->eM11), double(transform->eM12),
+    Trace(dc, "SetWorldTransform %.9g %.9g %.9g %.9g %.9g %.9g", double(transform->eM11), double(transform->eM12),
           double(transform->eM21), double(transform->eM22), double(transform->eDx), double(transform->eDy));
-    return TRUE;
+    return dc->graphicsMode == GM_ADVANCED && dc->world.Set(*transform);
 }
 
 BOOL GetWorldTransform(HDC handle, XFORM* transform)

@@ -165,7 +165,7 @@ BOOL Rectangle(HDC handle, int left, int top, int right, int bottom)
     if (dc == nullptr) {
         return FALSE;
     }
-    Trace(*dc, "Rectangle %d %d %d %d", left, top, right, bottom);
+    Trace(dc, "Rectangle %d %d %d %d", left, top, right, bottom);
     if (left > right) {
         std::swap(left, right);
     }

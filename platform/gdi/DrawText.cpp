@@ -124,7 +124,7 @@ int DrawTextA(HDC handle, LPCSTR text, int count, LPRECT rect, UINT format)
         return 0;
     }
     const size_t length = count < 0 ? std::strlen(text) : size_t(count);
-    Trace(*dc, "DrawText \"%.*s\" %d %d %d %d %u", int(length), text, rect->left, rect->top, rect->right, rect->bottom,
+    Trace(dc, "DrawText \"%.*s\" %d %d %d %d %u", int(length), text, rect->left, rect->top, rect->right, rect->bottom,
           format);
     return WithMemory([&]() -> BOOL { return DrawLines(*dc, text, text + length, *rect, format); });
 }

@@ -35,11 +35,11 @@ void OpenFigure(DeviceContext& dc)
 DeviceContext* TakePath(HDC handle, const char* call)
 {
     DeviceContext* const dc = FindDc(handle);
+    Trace(dc, call);
     if (dc == nullptr || dc->pathState != PathState::Finished) {
         return nullptr;
     }
     // Consumed even when drawing fails half way: a path is never drawn twice.
-    Trace(*dc, call);
     dc->pathState = PathState::None;
     return dc;
 }
@@ -96,7 +96,7 @@ BOOL BeginPath(HDC handle)
     if (dc == nullptr) {
         return FALSE;
     }
-    Trace(*dc, "BeginPath");
+    Trace(dc, "BeginPath");
     // Also out of an open path, which is thrown away.
     dc->path.Clear();
     dc->pathState = PathState::Open;
@@ -107,10 +107,10 @@ BOOL BeginPath(HDC handle)
 BOOL EndPath(HDC handle)
 {
     DeviceContext* const dc = FindDc(handle);
+    Trace(dc, "EndPath");
     if (dc == nullptr || dc->pathState != PathState::Open) {
         return FALSE;
     }
-    Trace(*dc, "EndPath");
     dc->pathState = PathState::Finished;
     return TRUE;
 }
@@ -129,10 +129,10 @@ BOOL AbortPath(HDC handle)
 BOOL CloseFigure(HDC handle)
 {
     DeviceContext* const dc = FindDc(handle);
+    Trace(dc, "CloseFigure");
     if (dc == nullptr || dc->pathState != PathState::Open) {
         return FALSE;
     }
-    Trace(*dc, "CloseFigure");
     return WithMemory([dc] {
         if (dc->figureOpen) {
             dc->path.Close();
@@ -201,7 +201,7 @@ BOOL MoveToEx(HDC handle, int x, int y, LPPOINT former)
     if (dc == nullptr) {
         return FALSE;
     }
-    Trace(*dc, "MoveTo %d %d", x, y);
+    Trace(dc, "MoveTo %d %d", x, y);
     if (former != nullptr) {
         *former = dc->position;
     }
@@ -227,7 +227,7 @@ BOOL LineTo(HDC handle, int x, int y)
     if (dc == nullptr) {
         return FALSE;
     }
-    Trace(*dc, "LineTo %d %d", x, y);
+    Trace(dc, "LineTo %d %d", x, y);
     return WithMemory([=] {
         const DevicePoint to = dc->world.ToDevice(x, y);
         if (dc->pathState == PathState::Open) {
@@ -250,7 +250,7 @@ BOOL ArcTo(HDC handle, int left, int top, int right, int bottom, int xr1, int yr
     if (dc == nullptr) {
         return FALSE;
     }
-    Trace(*dc, "ArcTo %d %d %d %d %d %d %d %d", left, top, right, bottom, xr1, yr1, xr2, yr2);
+    Trace(dc, "ArcTo %d %d %d %d %d %d %d %d", left, top, right, bottom, xr1, yr1, xr2, yr2);
     const ArcRequest request = {left, top, right, bottom, xr1, yr1, xr2, yr2};
     return WithMemory([=] {
         if (dc->pathState == PathState::Open) {

@@ -50,7 +50,7 @@ BOOL ExtTextOutA(HDC handle, int x, int y, UINT options, const RECT* rect, LPCST
     if (dc == nullptr || (text == nullptr && count > 0) || count > 0x7FFFFFFF || advances != nullptr) {
         return FALSE;
     }
-    Trace(*dc, "ExtTextOut %d %d %u \"%.*s\"", x, y, options, int(count), text != nullptr ? text : "");
+    Trace(dc, "ExtTextOut %d %d %u \"%.*s\"", x, y, options, int(count), text != nullptr ? text : "");
     return WithMemory([&] { return DrawAt(*dc, x, y, options, rect, text, text + count); });
 }
 

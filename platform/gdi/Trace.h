@@ -12,12 +12,13 @@ void AppendTrace(DeviceContext& dc, const char* format, ...) __attribute__((form
 /// The line of a selection that succeeded.
 void TraceSelection(DeviceContext& dc, HGDIOBJ object);
 
-/// One test when nobody watches.
+/// Called before a call checks its arguments, so that refused calls are seen too: a watcher wants to know what was
+/// asked for. Nothing for a null device context, and one test when nobody watches.
 template <class... Values>
-inline void Trace(DeviceContext& dc, const char* format, Values... values)
+inline void Trace(DeviceContext* dc, const char* format, Values... values)
 {
-    if (dc.trace != nullptr) {
-        AppendTrace(dc, format, values...);
+    if (dc != nullptr && dc->trace != nullptr) {
+        AppendTrace(*dc, format, values...);
     }
 }
 

@@ -188,7 +188,8 @@ inline HFONT CreateFontIndirect(const LOGFONTA* record)
 
 // ---- For hosts and tests ----
 
-/// While a list is set, every call on the device context appends one line to it and still takes effect; null ends it.
+/// While a list is set, every call on the device context appends one line to it, calls out of turn or with a refused
+/// value too, and still takes effect; a selection appends one only when it succeeds. Null ends it.
 /// The list stays the caller's and has to outlive the trace. A deleted device context forgets its list.
 KOLM_API void GdiSetTrace(HDC dc, CStringArray* calls);
 /// Pixels per inch that the screen reports in both directions, 96 at first. Values below 1 are ignored.

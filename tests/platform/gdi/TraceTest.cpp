@@ -54,7 +54,7 @@ TEST(GdiTrace, OneLineForEachCallAsItWasPassed)
     DrawTextA(canvas, "a \"b\"", -1, &rect, DT_SINGLELINE | DT_NOCLIP);
     ExtTextOutA(canvas, 9, 8, 0, nullptr, "hello", 4, nullptr);
     SetPixel(canvas, 100, 200, RGB(3, 2, 1));
-    StrokePath(canvas); // out of turn: fails and leaves no line
+    EXPECT_FALSE(StrokePath(canvas)); // out of turn, but it was asked for
     GdiSetTrace(canvas, nullptr);
     BeginPath(canvas);
 
@@ -84,7 +84,8 @@ TEST(GdiTrace, OneLineForEachCallAsItWasPassed)
                                                "BitBlt 1 2 3 4 5 6 0x00CC0020",
                                                "DrawText \"a \"b\"\" -1 2 3 4 288",
                                                "ExtTextOut 9 8 0 \"hell\"",
-                                               "SetPixel 100 200 0x010203"};
+                                               "SetPixel 100 200 0x010203",
+                                               "StrokePath"};
     EXPECT_EQ(Lines(calls), expected);
     SelectObject(canvas, formerPen);
     SelectObject(canvas, GetStockObject(SYSTEM_FONT));
