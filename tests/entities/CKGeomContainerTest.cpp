@@ -135,6 +135,7 @@ TEST(CKGeomContainer, CopiesKeepKindsAndOrder)
 
     target = CKGeomContainer();
     EXPECT_EQ(target.GetCount(), 0);
+    EXPECT_TRUE(RaisesInvalidArg([&] { target.GetAt(0); })) << "its list is emptied, not given up";
     EXPECT_EQ(CountedShape::alive, 1);
 }
 

@@ -62,6 +62,17 @@ TEST(CKGeomNesting, DeepTowersAreCopiedComparedAndDestroyed)
         EXPECT_EQ(CountedShape::alive, 3 * kDeep);
     }
     EXPECT_EQ(CountedShape::alive, 0);
+
+    CKGeomContainer chain; // and containers in containers
+    CKGeomContainer* last = &chain;
+    for (int i = 0; i < kDeep; ++i) {
+        auto* next = new CKGeomContainer;
+        last->Add(next);
+        last = next;
+    }
+    last->Add(new CountedShape);
+    const CKGeomContainer copy(chain);
+    EXPECT_EQ(CountedShape::alive, 2);
 }
 
 TEST(CKGeomNesting, WhatIsStoredLoadsAndTooDeepIsRefusedBothWays)

@@ -89,8 +89,9 @@ TEST(CKMathAngles, AnglesOfLines)
     EXPECT_EQ(CKMath::GetAngleFrom3Points(1, 0, 0, 0, 0, 1), 90);
     EXPECT_EQ(CKMath::GetAngleFrom3Points(-1, 0, 0, 0, 3, 0), 180);
     EXPECT_EQ(CKMath::GetAngleFrom3Points(1, 0, 0, 0, 3, 0), 0);
-    // Two equal arms of (0.1, 0.3): the rounded cosine exceeds 1 and is cut.
-    EXPECT_EQ(CKMath::GetAngleFrom3Points(0.1f, 0.3f, 0, 0, 0.1f, 0.3f), 0);
+    // The float square of the root of 2 lies below 2, so the cosine exceeds 1, or falls below -1, and is cut.
+    EXPECT_EQ(CKMath::GetAngleFrom3Points(1, 1, 0, 0, 1, 1), 0);
+    EXPECT_EQ(CKMath::GetAngleFrom3Points(1, 1, 0, 0, -1, -1), 180);
     EXPECT_TRUE(std::isnan(CKMath::GetAngleFrom3Points(2, 2, 2, 2, 5, 5)));
 }
 

@@ -71,6 +71,12 @@ TEST(CKMathConstruction, PointsMovedAlongALine)
     ExpectPoint(CKMath::GetDistancedLinePoint(10.25, -3.5, -7, 22, 1.75), -0x1.fec1300999bfcp+2, 0x1.773122ccacc57p+4,
                 "anywhere");
 
+    // Out where doubles are 2 apart the length 1 is lost in x1, and then the distance; their sum would not be.
+    ExpectNear(CKMath::GetDistancedLinePoint(1e16, 0, 1e16, 1, 1), 1e16, 0, 1e-7, "far out");
+    // In y the cosine of the turn, some 4e-8 of the length, is lost once: on the way back it turns up in x.
+    ExpectNear(CKMath::GetDistancedLinePoint(0, 1e16, 0, 1e16 + 2, 2), -4 * 0x1.777a5cf72ceccp-25, 1e16 + 4, 1e-12,
+               "far up");
+
     ExpectPoint(CKMath::GetDistancedLinePoint(-3, 4, 3, 4, 0, 0, 5), -3, 4, "both ends fit: the first");
     ExpectPoint(CKMath::GetDistancedLinePoint(0, 9, 3, 4, 0, 0, 5), 3, 4, "the second end");
     ExpectPoint(CKMath::GetDistancedLinePoint(4, 0, 4, 2, 9, 5, 1), 4, 5, "neither: the foot");

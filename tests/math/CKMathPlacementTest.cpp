@@ -97,7 +97,7 @@ TEST(CKMathPlacement, LibraryLocationSkipsWholeTurns)
         {0, 0, 1, 90, 10, 20},
         {1, 0, 0, 360, 11, 20},
         {1, 0, 1, -720, 9, 20},
-        {0, 3, 1, 0, 10, 23},
+        {0, 3, 1, 90, 10 + 3 * 0x1.ffffffffffff7p-1, 20 - 3 * 0x1.777a5cf72ceccp-25},
         {1, 0, 0, 90, 10 - 0x1.777a5cf72ceccp-25, 20 + 0x1.ffffffffffff7p-1},
     };
     for (const Case& c : cases) {
