@@ -96,35 +96,52 @@ uint32_t PatternAt(const Ink& ink, int32_t x, int32_t y)
     return gap ? ink.backPixel : ink.pixel;
 }
 
-/// Whole rows of the same depth. Going away from the source keeps overlapping rows intact; within a row memmove does.
+/// The order of rows and columns. A block that moves down or to the right within one surface begins at its far end, so
+/// that every pixel is read before another one is written over it.
+struct Order
+{
+    bool upward = false;
+    bool leftward = false;
+
+    Order(const Surface& to, const Surface* from, const Block& block)
+    {
+        if (from != nullptr && from->bits == to.bits) {
+            upward = block.y > block.ySrc;
+            leftward = block.y == block.ySrc && block.x > block.xSrc;
+        }
+    }
+    int32_t Row(const Block& block, int32_t i) const { return upward ? block.height - 1 - i : i; }
+    int32_t Column(const Block& block, int32_t i) const { return leftward ? block.width - 1 - i : i; }
+};
+
+/// Whole rows of the same depth, each as overlapping memory.
 void CopyRows(const Surface& to, const Surface& from, const Block& block)
 {
     const int bytes = to.bitsPerPixel / 8;
-    const bool upward = to.bits == from.bits && block.y > block.ySrc;
+    const Order order(to, &from, block);
     for (int32_t i = 0; i < block.height; ++i) {
-        const int32_t row = upward ? block.height - 1 - i : i;
+        const int32_t row = order.Row(block, i);
         std::memmove(Row(to, block.y + row) + ptrdiff_t(block.x) * bytes,
                      Row(from, block.ySrc + row) + ptrdiff_t(block.xSrc) * bytes, size_t(block.width) * size_t(bytes));
     }
 }
 
-/// Any code between any depths, pixel by pixel, away from the source as above.
+/// Any code between any depths, pixel by pixel.
 void CombinePixels(const DeviceContext& to, const DeviceContext* from, const Block& block, uint32_t table,
                    const Ink& ink)
 {
     const Surface& target = *to.surface;
     const uint32_t mask = target.bitsPerPixel == 1 ? 1 : 0xFFFFFF;
-    const bool same = from != nullptr && from->surface->bits == target.bits;
-    const bool upward = same && block.y > block.ySrc;
-    const bool leftward = same && block.y == block.ySrc && block.x > block.xSrc;
+    const Order order(target, from != nullptr ? from->surface : nullptr, block);
     const SourceColors colors(to, from != nullptr ? *from : to);
     for (int32_t i = 0; i < block.height; ++i) {
-        const int32_t row = upward ? block.height - 1 - i : i;
+        const int32_t row = order.Row(block, i), y = block.y + row;
         for (int32_t j = 0; j < block.width; ++j) {
-            const int32_t column = leftward ? block.width - 1 - j : j;
-            const int32_t x = block.x + column, y = block.y + row;
-            const uint32_t source =
-                from != nullptr ? colors.Convert(ReadPixel(*from->surface, block.xSrc + column, block.ySrc + row)) : 0;
+            const int32_t column = order.Column(block, j), x = block.x + column;
+            uint32_t source = 0;
+            if (from != nullptr) {
+                source = colors.Convert(ReadPixel(*from->surface, block.xSrc + column, block.ySrc + row));
+            }
             const uint32_t value = Combine(table, PatternAt(ink, x, y), source, ReadPixel(target, x, y));
             WritePixel(target, x, y, value & mask);
         }

@@ -52,6 +52,16 @@ Slot* MakeFont(const char* face)
     return font;
 }
 
+Slot* MakePalette()
+{
+    Palette* const palette = MakeStock(tables.palettes);
+    if (palette != nullptr) {
+        palette->entries = 20; // the static colours
+    }
+    return palette;
+}
+
+/// Null for the numbers between that name nothing.
 Slot* MakeStockObject(int index)
 {
     switch (index) {
@@ -82,13 +92,8 @@ Slot* MakeStockObject(int index)
     case DEVICE_DEFAULT_FONT:
     case DEFAULT_GUI_FONT:
         return MakeFont("sans-serif");
-    case DEFAULT_PALETTE: {
-        Palette* const palette = MakeStock(tables.palettes);
-        if (palette != nullptr) {
-            palette->entries = 20; // the static colours
-        }
-        return palette;
-    }
+    case DEFAULT_PALETTE:
+        return MakePalette();
     default:
         return nullptr;
     }
