@@ -88,22 +88,28 @@ void DrawFormatted(DeviceContext& dc, ScaledFonts& fonts, const FormattedLine& f
     }
 }
 
+/// DT_CALCRECT: the rectangle keeps its corner and takes the size of the text.
+void FitToLines(RECT& rect, const std::vector<FormattedLine>& lines, int64_t height)
+{
+    int32_t width = 0;
+    for (const FormattedLine& line : lines) {
+        width = std::max(width, line.width);
+    }
+    rect.right = Held(int64_t(rect.left) + width);
+    rect.bottom = Held(int64_t(rect.top) + height);
+}
+
+/// Draws or measures; answers the height of all lines.
 int DrawLines(DeviceContext& dc, const char* text, const char* end, RECT& rect, UINT format)
 {
     ScaledFonts* const fonts = CurrentFonts(dc);
-    if (fonts == nullptr) {
-        return 0;
-    }
-    const std::vector<FormattedLine> lines = SplitLines(*fonts, text, end, format);
-    const int64_t lineHeight = int64_t(fonts->Metrics().ascent) + fonts->Metrics().descent;
+    // Without a font there is nothing to break into lines, and the text has extent 0.
+    const std::vector<FormattedLine> lines =
+        fonts != nullptr ? SplitLines(*fonts, text, end, format) : std::vector<FormattedLine>();
+    const int64_t lineHeight = fonts != nullptr ? fonts->CellHeight() : 0;
     const int64_t height = lineHeight * int64_t(lines.size());
     if ((format & DT_CALCRECT) != 0) {
-        int32_t width = 0;
-        for (const FormattedLine& line : lines) {
-            width = std::max(width, line.width);
-        }
-        rect.right = Held(int64_t(rect.left) + width);
-        rect.bottom = Held(int64_t(rect.top) + height);
+        FitToLines(rect, lines, height);
         return Held(height);
     }
     const Box clip = (format & DT_NOCLIP) != 0 ? dc.Clip() : ClipToRect(dc, rect);

@@ -68,9 +68,7 @@ BOOL GetTextExtentPointA(HDC handle, LPCSTR text, int count, LPSIZE size)
     *size = {0, 0};
     return WithMemory([=] {
         if (ScaledFonts* const fonts = CurrentFonts(*dc)) {
-            const FontMetrics& metrics = fonts->Metrics();
-            const int64_t height = int64_t(metrics.ascent) + metrics.descent;
-            *size = {TextWidth(*fonts, text, text + count), LONG(std::min<int64_t>(height, 0x7FFFFFFF))};
+            *size = {TextWidth(*fonts, text, text + count), LONG(std::min<int64_t>(fonts->CellHeight(), 0x7FFFFFFF))};
         }
         return TRUE;
     });
@@ -97,7 +95,7 @@ BOOL GetTextMetricsA(HDC handle, LPTEXTMETRICA out)
         const LOGFONTA& record = dc->font->record;
         out->tmAscent = metrics.ascent;
         out->tmDescent = metrics.descent;
-        out->tmHeight = LONG(std::min<int64_t>(int64_t(metrics.ascent) + metrics.descent, 0x7FFFFFFF));
+        out->tmHeight = LONG(std::min<int64_t>(fonts->CellHeight(), 0x7FFFFFFF));
         out->tmInternalLeading = metrics.internalLeading;
         out->tmAveCharWidth = metrics.averageWidth;
         out->tmMaxCharWidth = metrics.maxWidth;

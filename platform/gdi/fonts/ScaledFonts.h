@@ -50,6 +50,8 @@ public:
     static std::shared_ptr<ScaledFonts> Of(const LOGFONTA& record);
 
     const FontMetrics& Metrics() const { return m_metrics; }
+    /// Ascent and descent together; in 64 bits, since fonts may be as high as int32 allows.
+    int64_t CellHeight() const { return int64_t(m_metrics.ascent) + m_metrics.descent; }
     /// Logical width of a character.
     int32_t Advance(uint32_t character) { return Find(character).advance; }
 

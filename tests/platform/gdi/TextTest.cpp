@@ -202,7 +202,8 @@ TEST(GdiTextDeathTest, NoFontOnTheSystem)
         SIZE size = {7, 7};
         const bool extent = GetTextExtentPointA(canvas, "abc", 3, &size) && size.cx == 0 && size.cy == 0;
         const bool draws = TextOutA(canvas, 2, 2, "abc", 3) && DrawTextA(canvas, "abc", 3, &rect, 0) == 0;
-        std::exit(extent && draws && canvas.Drawn().IsRectEmpty() ? 42 : 1);
+        DrawTextA(canvas, "abc", 3, &rect, DT_CALCRECT);
+        std::exit(extent && draws && CRect(rect).IsRectNull() && canvas.Drawn().IsRectEmpty() ? 42 : 1);
     };
     EXPECT_EXIT(draw(), testing::ExitedWithCode(42), "");
 }
