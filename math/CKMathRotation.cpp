@@ -58,6 +58,6 @@ KPointD CKMath::GetAngleToPoint(double distance, float angle)
         return {-distance, 0.0};
     if (angle == 270.0f)
         return {0.0, -distance};
-    const double radians = GetRadian(angle);
+    const double radians = static_cast<double>(GetRadian(angle));
     return {distance * std::cos(radians), distance * std::sin(radians)};
 }

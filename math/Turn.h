@@ -17,7 +17,7 @@ class Turn
 public:
     explicit Turn(float degrees)
     {
-        const Real theta = (-degrees * kPiF) / 180.0f;
+        const Real theta = static_cast<Real>((-degrees * kPiF) / 180.0f);
         m_cos = std::cos(theta);
         m_sin = std::sin(theta);
     }

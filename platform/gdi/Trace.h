@@ -14,6 +14,12 @@ void TraceSelection(DeviceContext& dc, HGDIOBJ object);
 
 /// Called before a call checks its arguments, so that refused calls are seen too: a watcher wants to know what was
 /// asked for. Nothing for a null device context, and one test when nobody watches.
+inline void Trace(DeviceContext* dc, const char* line)
+{
+    if (dc != nullptr && dc->trace != nullptr) {
+        AppendTrace(*dc, "%s", line);
+    }
+}
 template <class... Values>
 inline void Trace(DeviceContext* dc, const char* format, Values... values)
 {

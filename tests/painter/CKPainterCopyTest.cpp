@@ -72,7 +72,8 @@ TEST(CKPainterCopy, CopiesShareAndTheLastOneFrees)
     third.AddEventObject(new CountedShape);
     third = *second;
     EXPECT_EQ(g_alive, 1) << "what the target held is freed";
-    third = third;
+    const CKPainter& itself = third;
+    third = itself;
     static_cast<CKPainter&>(*first) = third; // back into the same ring
     EXPECT_EQ(third.GetSavedDC(), first->GetSavedDC());
     EXPECT_EQ(third.GetEventObjects(), first->GetEventObjects());
