@@ -29,7 +29,7 @@ Bitmap* NewBitmap(int64_t width, int64_t height, int bitsPerPixel)
     return bitmap;
 }
 
-/// Rows that come padded to 16 bits.
+/// Rows that come padded to 16 bits, as the platform's device-dependent bitmaps are; ours are padded to 32.
 void CopyRowsIn(const Surface& surface, const void* bits)
 {
     const size_t rowBytes = size_t((int64_t(surface.width) * surface.bitsPerPixel + 15) / 16 * 2);
@@ -55,6 +55,7 @@ HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, cons
     if (width < 0 || height < 0 || planes != 1 || bitsPerPixel > 32) {
         return nullptr;
     }
+    // A size of 0 is no failure: callers make a bitmap for a text before they know that its extent is 0.
     const bool single = width == 0 || height == 0;
     Bitmap* const bitmap = single ? NewBitmap(1, 1, 1) : NewBitmap(width, height, int(bitsPerPixel));
     if (bitmap == nullptr) {
@@ -89,6 +90,7 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, H
     if (bitmap == nullptr) {
         return nullptr;
     }
+    // The host's rows may run upwards; everyone else sees row 0 on top, through a stride below 0.
     bitmap->section = true;
     bitmap->bottomUp = header.biHeight > 0;
     if (bitmap->bottomUp) {
@@ -110,6 +112,7 @@ COLORREF SetPixel(HDC handle, int x, int y, COLORREF color)
     if (dc == nullptr || !FindPixel(*dc, x, y, at)) {
         return CLR_INVALID;
     }
+    // The answer is the colour that the pixel took, black or white on a monochrome surface.
     const uint32_t value = ToPixel(*dc->surface, color, dc->bkColor);
     WritePixel(*dc->surface, at.x, at.y, value);
     return ToColor(*dc->surface, value);

@@ -98,6 +98,7 @@ BOOL CloseClipboard()
     if (!clipboard.open) {
         return FALSE;
     }
+    // Closed before anybody is told: the listener opens it again to read.
     const bool tell = clipboard.changed && clipboard.listener != nullptr;
     clipboard.open = clipboard.changed = false;
     clipboard.holder = nullptr;
@@ -124,7 +125,7 @@ HANDLE SetClipboardData(UINT format, HANDLE data)
         return nullptr;
     }
     if (Entry* const entry = FindEntry(format)) {
-        if (entry->data != data) {
+        if (entry->data != data) { // the same block handed over again must not be freed
             FreeEntry(*entry);
             entry->data = data;
         }
@@ -140,6 +141,7 @@ HANDLE SetClipboardData(UINT format, HANDLE data)
 HANDLE GetClipboardData(UINT format)
 {
     const Entry* const entry = clipboard.open ? FindEntry(format) : nullptr;
+    // A host may have freed by mistake what it had handed over.
     return entry != nullptr && IsAlive(format, entry->data) ? entry->data : nullptr;
 }
 

@@ -8,7 +8,8 @@
 namespace gdi {
 namespace {
 
-/// Moves the reference from the object selected so far to another; returns the former one's handle.
+/// Moves the reference from the object selected so far to another; returns the former one's handle. The handle is made
+/// and the new reference taken first: the former object may go with its last reference, and may be the new one.
 template <class T>
 HGDIOBJ Exchange(T*& selected, T* next)
 {
@@ -46,7 +47,7 @@ HGDIOBJ SelectBitmap(DeviceContext& dc, Bitmap& bitmap)
     }
     dc.bitmap->holder = nullptr;
     const HGDIOBJ former = Exchange(dc.bitmap, &bitmap);
-    UseBitmap(dc, bitmap);
+    UseBitmap(dc, bitmap); // after the exchange: the same bitmap selected again gets its holder back
     return former;
 }
 
@@ -168,6 +169,7 @@ HDC CreateCompatibleDC(HDC like)
 BOOL DeleteDC(HDC handle)
 {
     DeviceContext* const dc = FindDc(handle);
+    // One from GetDC stays: its holder is going to release it.
     if (dc == nullptr || dc->ownsWindowArea) {
         return FALSE;
     }
@@ -192,6 +194,7 @@ HGDIOBJ SelectObject(HDC handle, HGDIOBJ object)
     } else if (Bitmap* const bitmap = tables.bitmaps.Find(object)) {
         former = SelectBitmap(*dc, *bitmap);
     }
+    // Only now it is known to have worked; what was refused has no properties to tell.
     if (dc->trace != nullptr && former != nullptr) {
         TraceSelection(*dc, object);
     }
@@ -237,6 +240,7 @@ HPALETTE SelectPalette(HDC handle, HPALETTE palette, BOOL)
     return static_cast<HPALETTE>(Exchange(dc->palette, next));
 }
 
+/// No entry ever changes: pixels hold their colours, and palettes are only carried along.
 UINT RealizePalette(HDC dc)
 {
     return FindDc(dc) == nullptr ? GDI_ERROR : 0;
@@ -249,6 +253,7 @@ int GetDeviceCaps(HDC handle, int index)
         return 0;
     }
     switch (index) {
+    // Those of the screen for every device context: all surfaces are made to be shown on it.
     case LOGPIXELSX:
     case LOGPIXELSY:
         return g_pixelsPerInch;
@@ -307,6 +312,8 @@ COLORREF SetTextColor(HDC handle, COLORREF color)
 int SetROP2(HDC handle, int mode)
 {
     DeviceContext* const dc = FindDc(handle);
+    // The other binary codes mix in the destination in ways that no caller here needs, and are refused rather than
+    // drawn as something else.
     const bool known = mode == R2_BLACK || mode == R2_NOT || mode == R2_XORPEN || mode == R2_NOP ||
                        mode == R2_COPYPEN || mode == R2_WHITE;
     Trace(dc, "SetROP2 %d", mode);

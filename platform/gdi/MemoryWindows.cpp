@@ -97,6 +97,7 @@ BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL)
         return FALSE;
     }
     if (width != window->surface.width || height != window->surface.height) {
+        // The new pixels first: without memory for them the window stays as it was.
         Surface surface;
         uint8_t* const memory = AllocatePixels(width, height, 32, surface);
         if (memory == nullptr) {
@@ -118,6 +119,7 @@ BOOL DestroyWindow(HWND handle)
     if (window == nullptr) {
         return FALSE;
     }
+    // Device contexts and the clipboard first: both refer to the window, and both outlive it.
     DetachFromWindow(*window);
     CloseClipboardOf(handle);
     std::free(window->memory);
@@ -132,6 +134,7 @@ HDC GetDC(HWND window)
     return NewWindowDc(window);
 }
 
+/// Windows have no frame, so this is the client area again.
 HDC GetWindowDC(HWND window)
 {
     return NewWindowDc(window);
@@ -140,6 +143,7 @@ HDC GetWindowDC(HWND window)
 int ReleaseDC(HWND window, HDC handle)
 {
     DeviceContext* const dc = FindDc(handle);
+    // By the handle alone, so that device contexts of a window that is gone can still be released.
     if (dc == nullptr || !dc->ownsWindowArea || dc->window != window) {
         return 0;
     }

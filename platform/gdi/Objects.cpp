@@ -24,6 +24,7 @@ void FreeObject(Brush& brush)
 
 void FreeObject(Font& font)
 {
+    // The slot is never destroyed, so what it shares has to be let go by hand.
     font.scaled.reset();
     tables.fonts.Free(font);
 }
@@ -43,7 +44,8 @@ void FreeObject(Palette& palette)
 
 namespace {
 
-/// Frees now or, when selected somewhere, later.
+/// Frees now or, when selected somewhere, with the last selection. The caller is told TRUE at once: code that deletes
+/// its pen before it selects the former one back is common, and must not leak.
 template <class T>
 BOOL Condemn(T* object)
 {
@@ -70,7 +72,8 @@ BOOL DeleteBitmap(Bitmap* bitmap)
     return Condemn(bitmap);
 }
 
-/// Copies a record out in the manner of GetObject.
+/// Copies a record out in the manner of GetObject: without a place it answers the size, and a place too small gets
+/// nothing, so that no caller takes half a record for a whole one.
 template <class Record>
 int CopyRecord(const Record& record, int size, void* out)
 {
@@ -85,6 +88,7 @@ int CopyRecord(const Record& record, int size, void* out)
     return needed;
 }
 
+/// Extended pens have a record of their own, since a LOGPEN has no room for the flags and the brush.
 int DescribePen(const Pen& pen, int size, void* out)
 {
     if (pen.extended) {
@@ -166,6 +170,7 @@ using namespace gdi;
 
 BOOL DeleteObject(HGDIOBJ object)
 {
+    // The kind in the handle only picks the table; whether there is such an object is for the table to say.
     switch (HandleKind(object)) {
     case Kind::Pen:
         return Condemn(tables.pens.Find(object));
@@ -265,6 +270,7 @@ HBRUSH CreateBrushIndirect(const LOGBRUSH* record)
     if (record == nullptr || record->lbStyle > BS_HATCHED) {
         return nullptr;
     }
+    // The field is as wide as a pointer: it is checked before it is cut to an int.
     if (record->lbStyle == BS_HATCHED) {
         return record->lbHatch > ULONG_PTR(HS_DIAGCROSS) ? nullptr
                                                          : CreateHatchBrush(int(record->lbHatch), record->lbColor);
@@ -287,6 +293,7 @@ HFONT CreateFontA(int height, int width, int escapement, int orientation, int we
                   DWORD strikeOut, DWORD charSet, DWORD outPrecision, DWORD clipPrecision, DWORD quality,
                   DWORD pitchAndFamily, LPCSTR face)
 {
+    // Fields of a byte take the low byte of what comes, as the platform's call does.
     LOGFONTA record = {height,
                        width,
                        escapement,
@@ -301,7 +308,7 @@ HFONT CreateFontA(int height, int width, int escapement, int orientation, int we
                        BYTE(quality),
                        BYTE(pitchAndFamily),
                        {}};
-    if (face != nullptr) {
+    if (face != nullptr) { // longer names are cut; the record started out zeroed, so one zero stays behind them
         std::strncpy(record.lfFaceName, face, LF_FACESIZE - 1);
     }
     return CreateFontIndirectA(&record);
@@ -322,6 +329,7 @@ DWORD GetGuiResources(HANDLE process, DWORD flags)
     if (process != GetCurrentProcess() || flags != GR_GDIOBJECTS) {
         return 0;
     }
+    // Windows are counted elsewhere (GR_USEROBJECTS), and stock objects belong to nobody.
     return tables.dcs.Live() + tables.pens.Live() + tables.brushes.Live() + tables.fonts.Live() +
            tables.bitmaps.Live() + tables.palettes.Live();
 }

@@ -22,7 +22,8 @@ DevicePoint DevicePosition(const DeviceContext& dc)
     return dc.world.ToDevice(dc.position.x, dc.position.y);
 }
 
-/// Begins a figure at the current position unless one goes on.
+/// Begins a figure at the current position unless one goes on. Points enter the path in device pixels: a transform set
+/// later moves what is drawn from then on, not what is there.
 void OpenFigure(DeviceContext& dc)
 {
     if (!dc.figureOpen) {
@@ -97,7 +98,7 @@ BOOL BeginPath(HDC handle)
         return FALSE;
     }
     Trace(dc, "BeginPath");
-    // Also out of an open path, which is thrown away.
+    // Also out of an open path, which is thrown away. The current position stays, so a figure may begin without a move.
     dc->path.Clear();
     dc->pathState = PathState::Open;
     dc->figureOpen = false;
@@ -134,6 +135,7 @@ BOOL CloseFigure(HDC handle)
         return FALSE;
     }
     return WithMemory([dc] {
+        // A second call in a row has nothing left to close. The current position stays where it is.
         if (dc->figureOpen) {
             dc->path.Close();
             dc->figureOpen = false;
@@ -178,6 +180,7 @@ int GetPath(HDC handle, LPPOINT points, LPBYTE types, int count)
         return -1;
     }
     try {
+        // Logical points under the transform of now, which need not be the one the path was built with.
         PathPoints collected(dc->world);
         collected.AddPath(dc->path);
         const int total = int(collected.m_points.size());
@@ -234,6 +237,7 @@ BOOL LineTo(HDC handle, int x, int y)
             OpenFigure(*dc);
             dc->path.LineTo(to);
         } else {
+            // Outside of a path each line is a stroke of its own; the scratch path keeps its memory from call to call.
             dc->scratch.Clear();
             dc->scratch.MoveTo(DevicePosition(*dc));
             dc->scratch.LineTo(to);

@@ -14,7 +14,7 @@ namespace {
 void FillOpaqueRect(DeviceContext& dc, const RECT& rect)
 {
     const Ink ink = {ToPixel(*dc.surface, dc.bkColor, dc.bkColor), RasterOp::Copy, nullptr, false, 0};
-    if (dc.world.straight) {
+    if (dc.world.straight) { // a box on the device too
         SharedRasterizer().FillBox(ClipToRect(dc, rect), ink, *dc.surface, dc.Clip());
         return;
     }
@@ -32,6 +32,7 @@ BOOL DrawAt(DeviceContext& dc, int x, int y, UINT options, const RECT* rect, con
     if ((options & ETO_OPAQUE) != 0 && rect != nullptr) {
         FillOpaqueRect(dc, *rect);
     }
+    // Empty text does not look for a font: hosts fill rectangles this way, and should not pay for a lookup.
     ScaledFonts* const fonts = text != end ? CurrentFonts(dc) : nullptr;
     if (fonts == nullptr) {
         return TRUE;
@@ -65,7 +66,7 @@ BOOL GetTextExtentPointA(HDC handle, LPCSTR text, int count, LPSIZE size)
     if (dc == nullptr || size == nullptr || count < 0 || (text == nullptr && count > 0)) {
         return FALSE;
     }
-    *size = {0, 0};
+    *size = {0, 0}; // also what a caller finds when memory runs out
     return WithMemory([=] {
         if (ScaledFonts* const fonts = CurrentFonts(*dc)) {
             *size = {TextWidth(*fonts, text, text + count), LONG(std::min<int64_t>(fonts->CellHeight(), 0x7FFFFFFF))};

@@ -73,6 +73,7 @@ FaceFile MatchFile(const LOGFONTA& record)
     FcPatternAddInteger(wanted.get(), FC_WEIGHT, SystemWeight(record.lfWeight));
     FcPatternAddInteger(wanted.get(), FC_SLANT, record.lfItalic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
     FcPatternAddBool(wanted.get(), FC_SCALABLE, FcTrue);
+    // Both steps come before any match: the rules of the system replace families, the defaults fill in the rest.
     FcConfigSubstitute(Configuration::Get(), wanted.get(), FcMatchPattern);
     FcDefaultSubstitute(wanted.get());
 
@@ -115,6 +116,7 @@ FT_Face FindFace(const LOGFONTA& record)
         return known->second;
     }
     const FT_Face face = OpenFace(file);
+    // A file that cannot be opened is asked for again: it may be readable the next time.
     if (face != nullptr) {
         (*faces)[file] = face;
     }

@@ -54,6 +54,7 @@ FontMetrics Measure(FT_Face face, const LOGFONTA& record, double& stretch)
     } else {
         metrics.em = record.lfHeight == 0 ? 12 : height;
     }
+    // A cell height asked for is kept exactly: what rounding takes from the ascent the descent gets.
     metrics.ascent = RoundToPixel(design.ascent * metrics.em / units);
     metrics.descent =
         record.lfHeight > 0 ? record.lfHeight - metrics.ascent : RoundToPixel(design.descent * metrics.em / units);
@@ -168,6 +169,8 @@ std::shared_ptr<ScaledFonts> ScaledFonts::Of(const LOGFONTA& record)
         std::shared_ptr<ScaledFonts> fonts;
     };
     static auto* const kept = new std::deque<Kept>;
+    // Byte by byte: the record has no padding, and its name is compared with what lies behind the zero. Two records
+    // that differ there alone are made twice, which costs time but is never wrong.
     for (const Kept& entry : *kept) {
         if (std::memcmp(&entry.record, &record, sizeof record) == 0) {
             return entry.fonts;
@@ -191,6 +194,7 @@ const ScaledFonts::Character& ScaledFonts::Find(uint32_t character)
     if (known != m_characters.end()) {
         return known->second;
     }
+    // Rather than keeping an order of use: a text of thousands of different characters is rare.
     if (m_characters.size() >= kCharacters) {
         m_characters.clear();
     }
@@ -206,6 +210,7 @@ bool ScaledFonts::IsLarge(const TextMatrix& matrix) const
 {
     const double width = std::hypot(matrix.m11, matrix.m12) * m_metrics.em * m_stretch;
     const double height = std::hypot(matrix.m21, matrix.m22) * m_metrics.em;
+    // Negated, so that a width that is no number counts as large: outlines take any size.
     return !(width <= kLargePixels && height <= kLargePixels);
 }
 

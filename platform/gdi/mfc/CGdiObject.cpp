@@ -44,6 +44,7 @@ CGdiObject* Temporary(TemporaryWrappers<Wrapper>& wrappers, const Pool& pool, HG
     return wrapper;
 }
 
+/// The wrapper has to be of the class that FromHandle of the derived classes casts it to, so each kind has a map.
 CGdiObject* TemporaryOf(HGDIOBJ object)
 {
     switch (HandleKind(object)) {
@@ -80,6 +81,7 @@ BOOL CGdiObject::Attach(HGDIOBJ object)
         return FALSE;
     }
     m_hObject = object;
+    // Whatever becomes of the handle later, FromHandle finds this wrapper as long as it holds it.
     if (Slot* const slot = FindObject(object)) {
         slot->owner = this;
     }
@@ -91,6 +93,7 @@ HGDIOBJ CGdiObject::Detach()
     const HGDIOBJ object = m_hObject;
     m_hObject = nullptr;
     Slot* const slot = FindObject(object);
+    // The slot may serve another object by now, whose owner is none of our business.
     if (slot != nullptr && slot->owner == this) {
         slot->owner = nullptr;
     }
