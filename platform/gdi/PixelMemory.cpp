@@ -9,12 +9,14 @@ namespace gdi {
 uint8_t* AllocatePixels(int64_t width, int64_t height, int bitsPerPixel, Surface& surface)
 {
     const bool known = bitsPerPixel == 1 || bitsPerPixel == 24 || bitsPerPixel == 32;
-    const int64_t limit = 0x7FFFFFFF;
-    if (width < 0 || height < 0 || width > limit || height > limit || !known) {
+    // Half of int32's range: drawing adds the sizes of glyphs and hatches to pixels inside without a thought of
+    // overflow.
+    const int64_t longestSide = 0x3FFFFFFF, mostBytes = 0x7FFFFFFF;
+    if (width < 0 || height < 0 || width > longestSide || height > longestSide || !known) {
         return nullptr;
     }
     const int64_t stride = RowBytes(width, bitsPerPixel);
-    if (height > 0 && stride > limit / height) {
+    if (height > 0 && stride > mostBytes / height) {
         return nullptr;
     }
     const size_t bytes = size_t(stride * height);

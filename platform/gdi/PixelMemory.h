@@ -12,8 +12,8 @@ constexpr int64_t RowBytes(int64_t width, int bitsPerPixel)
 }
 
 /// Zeroed rows for a surface, which is filled in (top-down). Null for negative sizes, other depths than 1, 24 and 32,
-/// more than 2^31 - 1 bytes, or when memory does not suffice. The caller frees it with std::free. A surface without
-/// pixels gets a byte.
+/// sides of 2^30 and longer, more than 2^31 - 1 bytes, or when memory does not suffice. The caller frees it with
+/// std::free. A surface without pixels gets a byte.
 uint8_t* AllocatePixels(int64_t width, int64_t height, int bitsPerPixel, Surface& surface);
 
 /// One row of a surface.

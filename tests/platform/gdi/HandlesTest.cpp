@@ -161,7 +161,8 @@ TEST(GdiHandles, AbsurdSizesAreRefused)
     {
         int width, height;
         UINT bits;
-    } refused[] = {{-1, 5, 32}, {5, -1, 1}, {big, big, 32}, {big, 2, 32}, {200000, 200000, 1}, {4, 4, 8}, {4, 4, 33}};
+    } refused[] = {{-1, 5, 32}, {5, -1, 1},          {big, big, 32}, {big, 2, 32},
+                   {big, 1, 1}, {200000, 200000, 1}, {4, 4, 8},      {4, 4, 33}};
     for (const auto& c : refused) {
         EXPECT_EQ(CreateBitmap(c.width, c.height, 1, c.bits, nullptr), nullptr) << c.width << " x " << c.height;
     }
