@@ -114,6 +114,13 @@ void ReadZoneInto(Board& board, const SExpr& item)
 
 namespace {
 
+/// A text of the board itself, which is in place already and is not kept upright.
+void ReadBoardTextInto(Board& board, const SExpr& item)
+{
+    if (!IsHidden(item))
+        board.texts.push_back(ReadText(item, 0, Placement(), board.layers));
+}
+
 /// A dimension is lines and a text, which stands in place already.
 void ReadDimensionInto(Board& board, const SExpr& item)
 {
@@ -123,7 +130,7 @@ void ReadDimensionInto(Board& board, const SExpr& item)
     graphic.layer = ReadLayer(item, board.layers);
     board.graphics.push_back(std::move(graphic));
     if (const SExpr text = item.Find("gr_text"))
-        board.texts.push_back(ReadText(text, 0, Placement(), board.layers));
+        ReadBoardTextInto(board, text);
 }
 
 /// What to do with each kind of item on the outer level. The order of the file does not matter but for one thing:
@@ -144,7 +151,7 @@ void ReadItem(Board& board, const SExpr& item)
     else if (head == "layers")
         ReadLayerTable(item, board);
     else if (head == "gr_text")
-        board.texts.push_back(ReadText(item, 0, Placement(), board.layers));
+        ReadBoardTextInto(board, item);
     else if (head == "dimension")
         ReadDimensionInto(board, item);
     else

@@ -274,6 +274,12 @@ Text ReadText(const SExpr& item, size_t textIndex, const Placement& placement, L
     return text;
 }
 
+/// The word stands beside the effects or, in newer files, among them.
+bool IsHidden(const SExpr& text)
+{
+    return text.Has("hide") || text.Find("effects").Has("hide");
+}
+
 std::vector<Figure> ReadDimension(const SExpr& item)
 {
     const SExpr style = item.Find("style");

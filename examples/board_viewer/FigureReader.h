@@ -45,6 +45,9 @@ Figure FigureThroughPoints(KPointD start, KPointD middle, KPointD end);
 /// the file has it.
 Text ReadText(const SExpr& item, size_t textIndex, const Placement& placement, LayerTable& layers);
 
+/// Whether a text is not to be drawn.
+bool IsHidden(const SExpr& text);
+
 /// The lines of a dimension: extension lines, bar and arrow heads.
 std::vector<Figure> ReadDimension(const SExpr& item);
 

@@ -30,12 +30,6 @@ std::string TextOfKind(const SExpr& footprint, std::string_view kind)
     return {};
 }
 
-/// The word stands beside the effects or, in newer files, among them.
-bool IsHidden(const SExpr& item)
-{
-    return item.Has("hide") || item.Find("effects").Has("hide");
-}
-
 /// Footprint texts are turned by half a turn where they would be read upside down.
 double KeptUpright(double angle)
 {

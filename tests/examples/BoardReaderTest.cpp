@@ -340,6 +340,7 @@ TEST(BoardReader, Texts)
     const Board board =
         ReadItems("(gr_text \"two\\nlines\" (at 1 2 180) (layer \"B.SilkS\") (effects (font (size 2 1.5) (thickness "
                   "0.3)) (justify left mirror)))\n"
+                  "(gr_text \"gone\" (at 1 2) (layer \"F.SilkS\") (effects (font (size 1 1)) hide))\n"
                   "(footprint \"x\" (layer \"F.Cu\") (at 10 20 90)\n"
                   " (fp_text reference \"R1\" (at 0 5 180) (layer \"F.SilkS\") hide (effects (font (size 1 1))))\n"
                   " (fp_text value \"1k\" (at 0 0 -90) (layer \"F.SilkS\") (effects (font (size 1 1)) hide))\n"
