@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <filesystem>
 
 // Arguments are checked before any file is opened, so that a mistyped option costs no waiting. Numbers are read without
 // a locale: a decimal point is a point everywhere.
@@ -62,6 +63,17 @@ FileArea ParseArea(const std::string& text)
         throw std::runtime_error("--area " + text +
                                  ": expected X1,Y1,X2,Y2 in millimetres, the two corners of an area");
     return area;
+}
+
+/// Whether two names lead to one file, which neither needs to exist.
+bool IsSameFile(const std::string& a, const std::string& b)
+{
+    namespace fs = std::filesystem;
+    std::error_code error; // what cannot be resolved is reported when it is opened
+    const auto resolved = [&](const std::string& path) {
+        return fs::weakly_canonical(fs::absolute(path, error), error);
+    };
+    return fs::equivalent(a, b, error) || resolved(a) == resolved(b);
 }
 
 /// Takes the arguments one after the other.
@@ -124,6 +136,16 @@ private:
             throw std::runtime_error("nothing to do: give --export, --archive or --info");
         if (!options.exportPath.empty() && !IsPicturePath(options.exportPath))
             throw std::runtime_error("--export " + options.exportPath + ": the name has to end in .bmp or .jpg");
+        CheckOutput("--export", options.exportPath, options.input);
+        CheckOutput("--archive", options.archivePath, options.input);
+        CheckOutput("--archive", options.archivePath, options.exportPath);
+    }
+
+    /// A board is not worth less than its picture: no output takes the place of the input or of the other output.
+    static void CheckOutput(const char* option, const std::string& path, const std::string& taken)
+    {
+        if (!path.empty() && !taken.empty() && IsSameFile(path, taken))
+            throw std::runtime_error(std::string(option) + " " + path + ": would overwrite " + taken);
     }
 
     const std::vector<std::string>& arguments;
