@@ -5,6 +5,7 @@
 #include "BoardInfo.h"
 #include "Options.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <unistd.h>
@@ -42,18 +43,30 @@ private:
     int shown = -1;
 };
 
+/// Names and texts of files can hold line breaks and codes that a terminal obeys; neither belongs into a message.
+void PrintError(std::string text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; }, '?');
+    std::fprintf(stderr, "board_viewer: %s\n", text.c_str());
+}
+
+[[noreturn]] void FailUnknownLayer(const BoardPicture& picture, const std::string& name)
+{
+    std::string message = "unknown layer '" + name + "'; the board has";
+    for (const auto& layer : picture.layers)
+        message.append(" ").append(layer->name);
+    throw std::runtime_error(message);
+}
+
 /// In the order asked for. Throws for a name that the board does not have, and tells which it has.
 std::vector<const PictureLayer*> FindLayers(const BoardPicture& picture, const std::vector<std::string>& names)
 {
     std::vector<const PictureLayer*> layers;
     for (const std::string& name : names) {
         const PictureLayer* layer = picture.Find(name);
-        if (!layer) {
-            std::string known;
-            for (const auto& existing : picture.layers)
-                known.append(" ").append(existing->name);
-            throw std::runtime_error("unknown layer '" + name + "'; the board has" + known);
-        }
+        if (!layer)
+            FailUnknownLayer(picture, name);
         layers.push_back(layer);
     }
     return layers;
@@ -100,12 +113,12 @@ int main(int argc, char** argv)
             Run(options);
         return 0;
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "board_viewer: %s\n", error.what());
+        PrintError(error.what());
     } catch (CException* exception) {
         char text[256] = "";
         exception->GetErrorMessage(text, sizeof text);
         exception->Delete();
-        std::fprintf(stderr, "board_viewer: %s\n", text);
+        PrintError(text);
     }
     return 1;
 }

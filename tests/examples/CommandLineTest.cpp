@@ -33,6 +33,7 @@ TEST(CommandLine, ErrorsAreOneLineAndExitCodeOne)
     WriteBytes(folder.File("cut.kicad_pcb"), BoardText("").substr(0, 200));
     WriteBytes(folder.File("other.txt"), "hello\n");
     WriteBytes(folder.File("empty.kicad_pcb"), "");
+    std::filesystem::create_hard_link(folder.File("good.kicad_pcb"), folder.File("link.kicad_pcb"));
     WriteBytes(folder.File("cut.kolm"), "KOLMBRD1\x01");
     const std::pair<const char*, const char*> cases[] = {
         {"none.kicad_pcb --info", "none.kicad_pcb: cannot be read"},
@@ -43,6 +44,8 @@ TEST(CommandLine, ErrorsAreOneLineAndExitCodeOne)
         {"cut.kolm --info", "cut.kolm: a damaged or cut off board archive"},
         {"good.kicad_pcb --frobnicate", "unknown option --frobnicate"},
         {"good.kicad_pcb --export x.bmp --layers F.Cu,Nope", "unknown layer 'Nope'"},
+        {"good.kicad_pcb --info --layers \"$(printf 'a\\nb\\033c')\"", "unknown layer 'a?b?c'"},
+        {"good.kicad_pcb --archive link.kicad_pcb", "would overwrite good.kicad_pcb"},
         {"good.kicad_pcb --export none/x.bmp", "none/x.bmp: cannot be written"},
         {"good.kicad_pcb --archive none/x.kolm", "none/x.kolm: cannot be written"},
     };
