@@ -48,8 +48,7 @@ int NumberAfter(std::string_view name, size_t prefix)
     return number;
 }
 
-/// Number of an inner copper layer from 1, User layers alike.
-/// The number in "In3.Cu".
+/// The number in "In3.Cu"; 1 for a copper layer that has none.
 int InnerNumber(std::string_view name)
 {
     return std::clamp(NumberAfter(name, 2), 1, 999);
