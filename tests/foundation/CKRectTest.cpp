@@ -1,6 +1,7 @@
 #include "foundation/CKRect.h"
 #include "foundation/CKRectD.h"
 #include "foundation/CKRectF.h"
+#include "support/Coordinates.h"
 
 #include <gtest/gtest.h>
 
@@ -9,16 +10,15 @@
 #include <cmath>
 #include <memory>
 #include <random>
+#include <vector>
 
 namespace {
 
 template <typename Rect>
 void ExpectRect(Rect& rect, double left, double right, double bottom, double top, int initialized, const char* why)
 {
-    EXPECT_EQ(rect.GetLeft(), left) << why;
-    EXPECT_EQ(rect.GetRight(), right) << why;
-    EXPECT_EQ(rect.GetBottom(), bottom) << why;
-    EXPECT_EQ(rect.GetTop(), top) << why;
+    const std::vector<double> edges = {rect.GetLeft(), rect.GetRight(), rect.GetBottom(), rect.GetTop()};
+    EXPECT_EQ(edges, std::vector<double>({left, right, bottom, top})) << why;
     EXPECT_EQ(rect.IsInitialized(), initialized) << why;
 }
 
@@ -78,8 +78,7 @@ TYPED_TEST(FloatingRect, SizesAreAbsolute)
     EXPECT_EQ(rect.GetHeight(), 7);
     EXPECT_EQ(rect.GetMaxSize(), 7);
     EXPECT_EQ(rect.GetMinSize(), 3);
-    EXPECT_EQ(rect.GetCenter().x, 3.5);
-    EXPECT_EQ(rect.GetCenter().y, -2.5);
+    EXPECT_EQ(At(rect.GetCenter()), XY(3.5, -2.5));
 }
 
 TYPED_TEST(FloatingRect, IntersectsWhereIntervalsMeet)
@@ -129,9 +128,8 @@ TEST(CKRectD, GivesCornerAndSizeForDrawing)
 TEST(CKRectF, CentreAndExpansionAreSinglePrecision)
 {
     CKRectF rect(16777216.0f, 1.0f, 0, 3);
-    EXPECT_EQ(rect.GetCenter().x, 8388608.0) << "the sum 16777217 has no float";
-    EXPECT_EQ(rect.GetCenterX(), 8388608.0f);
-    EXPECT_EQ(rect.GetCenterY(), 1.5f);
+    EXPECT_EQ(At(rect.GetCenter()), XY(8388608, 1.5)) << "the sum 16777217 has no float";
+    EXPECT_EQ(XY(rect.GetCenterX(), rect.GetCenterY()), XY(8388608, 1.5));
 
     CKRectF grown;
     grown.Expand(0.5f);
@@ -165,7 +163,6 @@ TEST(CKRect, SizesAreSigned)
         EXPECT_EQ(rect.GetWidth(), c.width);
         EXPECT_EQ(rect.GetHeight(), c.height);
         EXPECT_EQ(rect.GetMaxSize(), c.maxSize);
-        EXPECT_EQ(rect.GetCenter().x, c.centerX);
-        EXPECT_EQ(rect.GetCenter().y, c.centerY);
+        EXPECT_EQ(At(rect.GetCenter()), XY(c.centerX, c.centerY));
     }
 }

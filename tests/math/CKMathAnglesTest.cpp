@@ -1,4 +1,5 @@
 #include "math/CKMath.h"
+#include "support/Coordinates.h"
 
 #include <gtest/gtest.h>
 
@@ -65,8 +66,8 @@ TEST(CKMathAngles, SweepsFromStartToEnd)
 {
     EXPECT_EQ(CKMath::GetSweepAngle(350, 10, 1), 20);
     EXPECT_EQ(CKMath::GetSweepAngle(350, 10, 0), 340);
-    EXPECT_EQ(CKMath::GetSweepAngle(10, 10, 1), 0);
-    EXPECT_EQ(CKMath::GetSweepAngle(10, 10, 0), 0);
+    for (int flag : {0, 1})
+        EXPECT_EQ(CKMath::GetSweepAngle(10, 10, flag), 0);
     EXPECT_EQ(CKMath::GetSweepAngle(10, 9, -5), 359) << "every non-zero flag is counter-clockwise";
 }
 
@@ -97,13 +98,11 @@ TEST(CKMathAngles, AnglesOfLines)
 
 TEST(CKMathAngles, DirectionCodes)
 {
-    EXPECT_EQ(CKMath::GetReversedDirection(1), -1);
-    EXPECT_EQ(CKMath::GetReversedDirection(-1), 1);
-    EXPECT_EQ(CKMath::GetReversedDirection(0), 0);
-    EXPECT_EQ(CKMath::GetReversedDirection(INT_MIN), INT_MIN);
-    EXPECT_EQ(CKMath::ReverseDirection(1), -1);
-    for (int other : {-1, 0, 2, INT_MIN})
-        EXPECT_EQ(CKMath::ReverseDirection(other), 1);
+    for (int direction : {1, -1, 0, 2, INT_MIN}) {
+        const bool isCode = direction == 1 || direction == -1;
+        EXPECT_EQ(CKMath::GetReversedDirection(direction), isCode ? -direction : direction);
+        EXPECT_EQ(CKMath::ReverseDirection(direction), direction == 1 ? -1 : 1);
+    }
 }
 
 TEST(CKMathNumbers, RoundsByAddingAHalfAndTruncating)
@@ -113,20 +112,22 @@ TEST(CKMathNumbers, RoundsByAddingAHalfAndTruncating)
         double value;
         int rounded;
     };
-    const Case cases[] = {{2.5, 3},
-                          {2.49, 2},
-                          {-2.5, -2},
-                          {-2.7, -2},
-                          {-0.7, 0},
-                          {-0.5, 0},
-                          {0.5, 1},
-                          {1e10, INT_MAX},
-                          {-1e300, INT_MIN},
-                          {std::nan(""), 0},
-                          {kInf, INT_MAX},
-                          {-kInf, INT_MIN},
-                          {2147483646.5, INT_MAX},
-                          {-2147483649.4, INT_MIN}};
+    const Case cases[] = {
+        {2.5, 3},
+        {2.49, 2},
+        {-2.5, -2},
+        {-2.7, -2},
+        {-0.7, 0},
+        {-0.5, 0},
+        {0.5, 1},
+        {1e10, INT_MAX},
+        {-1e300, INT_MIN},
+        {std::nan(""), 0},
+        {kInf, INT_MAX},
+        {-kInf, INT_MIN},
+        {2147483646.5, INT_MAX},
+        {-2147483649.4, INT_MIN},
+    };
     for (const Case& c : cases)
         EXPECT_EQ(CKMath::GetRoundedOff(c.value), c.rounded) << c.value;
 
@@ -138,16 +139,9 @@ TEST(CKMathNumbers, RoundsByAddingAHalfAndTruncating)
 
 TEST(CKMathNumbers, SumsSignsAndRanges)
 {
-    const int sums[][2] = {{1, 1},
-                           {2, 3},
-                           {4, 10},
-                           {5, 15},
-                           {0, 0},
-                           {-3, 0},
-                           {65535, 2147450880},
-                           {65536, INT_MAX},
-                           {INT_MAX, INT_MAX},
-                           {INT_MIN, 0}};
+    const int sums[][2] = {
+        {1, 1}, {4, 10}, {0, 0}, {-3, 0}, {65535, 2147450880}, {65536, INT_MAX}, {INT_MAX, INT_MAX}, {INT_MIN, 0},
+    };
     for (const auto& sum : sums)
         EXPECT_EQ(CKMath::GetFactorial(sum[0]), sum[1]) << sum[0];
     EXPECT_FALSE(std::signbit(CKMath::Abs(-0.0)));
@@ -157,8 +151,6 @@ TEST(CKMathNumbers, SumsSignsAndRanges)
     double minX = kHuge, minY = kHuge, maxX = -kHuge, maxY = -kHuge;
     CKMath::SetMinMax(3, -4, minX, minY, maxX, maxY);
     CKMath::SetMinMax(-1, std::nan(""), minX, minY, maxX, maxY);
-    EXPECT_EQ(minX, -1);
-    EXPECT_EQ(maxX, 3);
-    EXPECT_EQ(minY, -4);
-    EXPECT_EQ(maxY, -4);
+    EXPECT_EQ(XY(minX, minY), XY(-1, -4));
+    EXPECT_EQ(XY(maxX, maxY), XY(3, -4));
 }

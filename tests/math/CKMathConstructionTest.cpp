@@ -1,8 +1,10 @@
 #include "entities/CKGeomArc.h"
 #include "math/CKMath.h"
+#include "support/Coordinates.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <memory>
 #include <random>
@@ -11,14 +13,22 @@ namespace {
 
 void ExpectPoint(KPointD p, double x, double y, const char* why)
 {
-    EXPECT_EQ(p.x, x) << why;
-    EXPECT_EQ(p.y, y) << why;
+    EXPECT_EQ(At(p), XY(x, y)) << why;
 }
 
 void ExpectNear(KPointD p, double x, double y, double tolerance, const char* why)
 {
     EXPECT_NEAR(p.x, x, tolerance) << why;
     EXPECT_NEAR(p.y, y, tolerance) << why;
+}
+
+/// A line and a point beside it.
+std::array<double, 6> RandomPoints(std::mt19937& random)
+{
+    std::array<double, 6> c;
+    for (double& value : c)
+        value = std::uniform_real_distribution<double>(-50, 50)(random);
+    return c;
 }
 
 } // namespace
@@ -47,11 +57,8 @@ TEST(CKMathConstruction, NearestPointOfASegment)
     ExpectPoint(CKMath::GetDistanceLinePoint(0, 0, 4, 4, 4, 0), 2, 2, "beside it");
 
     std::mt19937 random(5);
-    std::uniform_real_distribution<double> coordinate(-50, 50);
     for (int i = 0; i < 500; ++i) {
-        double c[6];
-        for (double& value : c)
-            value = coordinate(random);
+        const std::array<double, 6> c = RandomPoints(random);
         const KPointD p = CKMath::GetDistanceLinePoint(c[0], c[1], c[2], c[3], c[4], c[5]);
         const double least = CKMath::GetDistance(c[0], c[1], c[2], c[3], c[4], c[5]);
         // Rounding of a foot computed from products of up to 100^3, divided by the squared length.
@@ -107,11 +114,8 @@ TEST(CKMathConstruction, MirrorImagesAndSquarePoints)
 TEST(CKMathConstruction, MirroringTwiceComesBack)
 {
     std::mt19937 random(6);
-    std::uniform_real_distribution<double> coordinate(-50, 50);
     for (int i = 0; i < 300; ++i) {
-        double c[6];
-        for (double& value : c)
-            value = coordinate(random);
+        const std::array<double, 6> c = RandomPoints(random);
         const KPointD image = CKMath::GetSymmetricPoint(c[0], c[1], c[2], c[3], c[4], c[5]);
         const KPointD back = CKMath::GetSymmetricPoint(c[0], c[1], c[2], c[3], image.x, image.y);
         const KPointD foot = CKMath::GetDistanceInfiniteLinePoint(c[0], c[1], c[2], c[3], c[4], c[5]);
@@ -130,14 +134,11 @@ TEST(CKMathConstruction, MirroringTwiceComesBack)
 TEST(CKMathConstruction, ArcsFromThreePoints)
 {
     std::unique_ptr<CKGeomArc> arc(CKMath::GenerateArcFromThreePoints(1, 0, 0, 1, -1, 0));
-    EXPECT_EQ(arc->GetStartX(), 1);
-    EXPECT_EQ(arc->GetStartY(), 0);
-    EXPECT_EQ(arc->GetEndX(), -1);
-    EXPECT_EQ(arc->GetEndY(), 0);
+    EXPECT_EQ(XY(arc->GetStartX(), arc->GetStartY()), XY(1, 0));
+    EXPECT_EQ(XY(arc->GetEndX(), arc->GetEndY()), XY(-1, 0));
     EXPECT_EQ(arc->GetThickness(), 0);
     EXPECT_EQ(arc->GetDirection(), -1);
-    EXPECT_NEAR(arc->GetCenterX(), 0, 3e-7);
-    EXPECT_NEAR(arc->GetCenterY(), -1, 3e-7);
+    ExpectNear({arc->GetCenterX(), arc->GetCenterY()}, 0, -1, 3e-7, "centre");
     const CKGeomArc next;
     EXPECT_EQ(next.GetObjectNumber(), arc->GetObjectNumber() + 1);
 
@@ -145,6 +146,5 @@ TEST(CKMathConstruction, ArcsFromThreePoints)
     EXPECT_EQ(arc->GetDirection(), 1) << "the other way round";
     arc.reset(CKMath::GenerateArcFromThreePoints(0, 0, 1, 1, 2, 2));
     EXPECT_EQ(arc->GetDirection(), 1) << "P3 beyond P2 on one line";
-    EXPECT_EQ(arc->GetCenterX(), 1) << "P2 on the chord is the centre";
-    EXPECT_EQ(arc->GetCenterY(), 1);
+    EXPECT_EQ(XY(arc->GetCenterX(), arc->GetCenterY()), XY(1, 1)) << "P2 on the chord is the centre";
 }

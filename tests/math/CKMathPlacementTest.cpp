@@ -1,8 +1,9 @@
 #include "math/CKMath.h"
+#include "support/Coordinates.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <algorithm>
 #include <limits>
 
 TEST(CKMathPlacement, RotatesFirstAndMirrorsSecond)
@@ -24,13 +25,11 @@ TEST(CKMathPlacement, RotatesFirstAndMirrorsSecond)
     for (const Case& c : cases) {
         double x = c.x, y = c.y;
         CKMath::TranslatePoint(x, y, c.angle, c.mirror);
-        EXPECT_EQ(x, c.rx) << c.why;
-        EXPECT_EQ(y, c.ry) << c.why;
+        EXPECT_EQ(XY(x, y), XY(c.rx, c.ry)) << c.why;
     }
     float x = 3.25f, y = -7.5f;
     CKMath::TranslatePoint(x, y, 33.25f, 1);
-    EXPECT_EQ(x, -0x1.b520d8p+2f);
-    EXPECT_EQ(y, -0x1.1f5f50p+2f);
+    EXPECT_EQ(XY(x, y), XY(-0x1.b520d8p+2, -0x1.1f5f50p+2));
 }
 
 namespace {
@@ -39,30 +38,16 @@ namespace {
 template <typename Real>
 void ExpectPlacementsAgree(float angle, int mirror)
 {
-    const Real points[3][2] = {{Real(1.5), Real(-2)}, {Real(0.25), Real(7)}, {Real(-3), Real(4.125)}};
-    Real expected[3][2], arc[3][2], two[2][2];
-    for (int i = 0; i < 3; ++i) {
-        for (int k = 0; k < 2; ++k)
-            expected[i][k] = arc[i][k] = points[i][k];
-        CKMath::TranslatePoint(expected[i][0], expected[i][1], angle, mirror);
-    }
-    for (int i = 0; i < 2; ++i) {
-        two[i][0] = points[i][0];
-        two[i][1] = points[i][1];
-    }
+    Real p[6] = {Real(1.5), -2, Real(0.25), 7, -3, Real(4.125)}, two[4], arc[6];
+    std::copy_n(p, 4, two);
+    std::copy_n(p, 6, arc);
     int counterClockwise = 1;
-    CKMath::TranslatePoints(two[0][0], two[0][1], two[1][0], two[1][1], angle, mirror);
-    CKMath::TranslateArc(arc[0][0], arc[0][1], arc[1][0], arc[1][1], arc[2][0], arc[2][1], counterClockwise, angle,
-                         mirror);
-    for (int i = 0; i < 3; ++i) {
-        for (int k = 0; k < 2; ++k) {
-            EXPECT_EQ(arc[i][k], expected[i][k]) << angle << ' ' << mirror << " point " << i;
-        }
-    }
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(two[i][0], expected[i][0]) << angle << ' ' << mirror << " point " << i;
-        EXPECT_EQ(two[i][1], expected[i][1]) << angle << ' ' << mirror << " point " << i;
-    }
+    CKMath::TranslatePoints(two[0], two[1], two[2], two[3], angle, mirror);
+    CKMath::TranslateArc(arc[0], arc[1], arc[2], arc[3], arc[4], arc[5], counterClockwise, angle, mirror);
+    for (int i = 0; i < 6; i += 2)
+        CKMath::TranslatePoint(p[i], p[i + 1], angle, mirror);
+    EXPECT_TRUE(std::equal(two, two + 4, p)) << angle << ' ' << mirror;
+    EXPECT_TRUE(std::equal(arc, arc + 6, p)) << angle << ' ' << mirror;
     EXPECT_EQ(counterClockwise, mirror ? 0 : 1);
 }
 
@@ -102,8 +87,7 @@ TEST(CKMathPlacement, LibraryLocationSkipsWholeTurns)
     };
     for (const Case& c : cases) {
         const KPointD p = CKMath::GetLibraryLocation(10, 20, c.dx, c.dy, c.mirror, c.angle);
-        EXPECT_EQ(p.x, c.x) << c.angle;
-        EXPECT_EQ(p.y, c.y) << c.angle;
+        EXPECT_EQ(At(p), XY(c.x, c.y)) << c.angle;
     }
 }
 
@@ -131,7 +115,6 @@ TEST(CKMathPlacement, SnapsToTheNearestNode)
     for (const Case& c : cases) {
         float x = c.coordinate, y = 7.5f;
         CKMath::SnapToGrid(x, y, c.grid, 5);
-        EXPECT_EQ(x, c.snapped) << c.why;
-        EXPECT_EQ(y, 10) << c.why;
+        EXPECT_EQ(XY(x, y), XY(c.snapped, 10)) << c.why;
     }
 }

@@ -1,4 +1,5 @@
 #include "math/CKMath.h"
+#include "support/Coordinates.h"
 
 #include <gtest/gtest.h>
 
@@ -27,39 +28,23 @@ TEST(CKMathRotation, ExactResults)
         {"a crooked angle", 3.25, -7.5, 33.25f, 0x1.b520d74cd19d4p+2, -0x1.1f5f51ba2d691p+2},
     };
     for (const Case& c : cases) {
-        const KPointD p = CKMath::GetRotatedPoint(c.x, c.y, c.angle);
-        EXPECT_EQ(p.x, c.rx) << c.why;
-        EXPECT_EQ(p.y, c.ry) << c.why;
-        const KPointD aboutItself = CKMath::GetRotatedPoint(c.x, c.y, c.x, c.y, c.angle);
-        EXPECT_EQ(aboutItself.x, c.x) << c.why;
-        EXPECT_EQ(aboutItself.y, c.y) << c.why;
+        EXPECT_EQ(At(CKMath::GetRotatedPoint(c.x, c.y, c.angle)), XY(c.rx, c.ry)) << c.why;
+        EXPECT_EQ(At(CKMath::GetRotatedPoint(c.x, c.y, c.x, c.y, c.angle)), XY(c.x, c.y)) << c.why << ", about itself";
     }
-    const KPointD aboutCentre = CKMath::GetRotatedPoint(10.0, -20.0, 12.5, 3.0, 30.0f);
-    EXPECT_EQ(aboutCentre.x, 0x1.548329f459de0p-1);
-    EXPECT_EQ(aboutCentre.y, 0x1.2b2854b749be0p+0);
-    const KPointF single = CKMath::GetRotatedPoint(3.25f, -7.5f, 33.25f);
-    EXPECT_EQ(single.x, 0x1.b520d8p+2f);
-    EXPECT_EQ(single.y, -0x1.1f5f50p+2f);
+    EXPECT_EQ(At(CKMath::GetRotatedPoint(10.0, -20.0, 12.5, 3.0, 30.0f)),
+              XY(0x1.548329f459de0p-1, 0x1.2b2854b749be0p+0));
+    EXPECT_EQ(At(CKMath::GetRotatedPoint(3.25f, -7.5f, 33.25f)), XY(0x1.b520d8p+2, -0x1.1f5f50p+2));
 }
 
 TEST(CKMathRotation, WholePointsAreRoundedBeforeTheCentreComesBack)
 {
-    const KPoint quarter = CKMath::GetRotatedPoint(1, 0, 90.0f);
-    EXPECT_EQ(quarter.x, 0);
-    EXPECT_EQ(quarter.y, 1);
+    EXPECT_EQ(At(CKMath::GetRotatedPoint(1, 0, 90.0f)), XY(0, 1));
     // (-1, 0) by 45 degrees is (-0.707, -0.707): with a half added it truncates to 0.
-    const KPoint inward = CKMath::GetRotatedPoint(100, -100, 99, -100, 45.0f);
-    EXPECT_EQ(inward.x, 100);
-    EXPECT_EQ(inward.y, -100);
-    const KPoint unturned = CKMath::GetRotatedPoint(-5, 5, 0.0f);
-    EXPECT_EQ(unturned.x, -4) << "-5 and a half, truncated";
-    EXPECT_EQ(unturned.y, 5);
-    const KPoint far = CKMath::GetRotatedPoint(INT_MIN, 5, INT_MAX, 5, 0.0f);
-    EXPECT_EQ(far.x, -1) << "the rounded difference saturates before the centre is added";
-    EXPECT_EQ(far.y, 5);
-    const KPoint lost = CKMath::GetRotatedPoint(7, 7, std::numeric_limits<float>::quiet_NaN());
-    EXPECT_EQ(lost.x, 0);
-    EXPECT_EQ(lost.y, 0);
+    EXPECT_EQ(At(CKMath::GetRotatedPoint(100, -100, 99, -100, 45.0f)), XY(100, -100));
+    EXPECT_EQ(At(CKMath::GetRotatedPoint(-5, 5, 0.0f)), XY(-4, 5)) << "-5 and a half, truncated";
+    EXPECT_EQ(At(CKMath::GetRotatedPoint(INT_MIN, 5, INT_MAX, 5, 0.0f)), XY(-1, 5))
+        << "the rounded difference saturates before the centre is added";
+    EXPECT_EQ(At(CKMath::GetRotatedPoint(7, 7, std::numeric_limits<float>::quiet_NaN())), XY(0, 0));
 }
 
 TEST(CKMathRotation, KeepsDistancesAndTurnsBack)
@@ -101,9 +86,6 @@ TEST(CKMathRotation, PointsAtAnAngle)
         {-90, -0x1.777a5cf72ceccp-24, -0x1.ffffffffffff7p+0},
         {123.5f, -0x1.1a977aa9a566fp+0, 0x1.aaf3160675586p+0},
     };
-    for (const Case& c : cases) {
-        const KPointD p = CKMath::GetAngleToPoint(2, c.angle);
-        EXPECT_EQ(p.x, c.x) << c.angle;
-        EXPECT_EQ(p.y, c.y) << c.angle;
-    }
+    for (const Case& c : cases)
+        EXPECT_EQ(At(CKMath::GetAngleToPoint(2, c.angle)), XY(c.x, c.y)) << c.angle;
 }
