@@ -1,5 +1,6 @@
 #include "CountedShape.h"
 #include "entities/CKGeomPolygon.h"
+#include "Raises.h"
 #include "support/ArchiveBytes.h"
 
 #include <gtest/gtest.h>
@@ -87,15 +88,8 @@ TEST(CKGeomNesting, WhatIsStoredLoadsAndTooDeepIsRefusedBothWays)
     for (int attempt = 0; attempt < 2; ++attempt) { // the second shows that the first left no depth behind
         CMemFile file;
         CArchive archive(&file, CArchive::store);
-        int cause = CArchiveException::none;
-        try {
-            deep->Serialize(archive);
-        } catch (CArchiveException* e) {
-            cause = e->m_cause;
-            e->Delete();
-        }
+        EXPECT_EQ(ArchiveCause([&] { deep->Serialize(archive); }), CArchiveException::badSchema);
         archive.Abort();
-        EXPECT_EQ(cause, CArchiveException::badSchema);
         EXPECT_EQ(Stored(*modest), bytes);
     }
 }

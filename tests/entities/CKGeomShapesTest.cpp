@@ -6,12 +6,14 @@
 #include "entities/CKGeomPolygon.h"
 #include "entities/CKGeomRectangle.h"
 #include "entities/CKGeomText.h"
+#include "support/Coordinates.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <memory>
 #include <typeinfo>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -96,23 +98,16 @@ TEST(CKGeomShapes, TypeCodesAndFreshClones)
     EXPECT_EQ(*static_cast<CKGeomPoint*>(fresh.get()) == CKGeomPoint(1, 2), 1);
     EXPECT_NE(fresh->GetObjectNumber(), point.GetObjectNumber());
 
-    CKGeom base;
-    CKGeomCircle circle;
-    CKGeomRectangle rectangle;
-    CKGeomText text;
-    CKGeomLine line;
-    CKGeomArc arc;
-    CKGeomContainer container;
-    CKGeomPolygon polygon;
-    CKGeom* const byCode[][3] = {
-        {&base, &circle, &rectangle}, {&text}, {&line}, {&arc}, {&point}, {&container}, {&polygon}};
-    for (int code = 0; code < 7; ++code) {
-        for (CKGeom* shape : byCode[code]) {
-            if (!shape)
-                continue;
-            EXPECT_EQ(shape->GetType(), code);
-            EXPECT_TRUE(code == 4 || shape->GenerateClone() == nullptr) << code;
-        }
+    const std::pair<int, std::shared_ptr<CKGeom>> codes[] = {
+        {0, std::make_shared<CKGeom>()},          {0, std::make_shared<CKGeomCircle>()},
+        {0, std::make_shared<CKGeomRectangle>()}, {1, std::make_shared<CKGeomText>()},
+        {2, std::make_shared<CKGeomLine>()},      {3, std::make_shared<CKGeomArc>()},
+        {4, std::make_shared<CKGeomPoint>()},     {5, std::make_shared<CKGeomContainer>()},
+        {6, std::make_shared<CKGeomPolygon>()},
+    };
+    for (const auto& [code, shape] : codes) {
+        EXPECT_EQ(shape->GetType(), code);
+        EXPECT_TRUE(code == 4 || shape->GenerateClone() == nullptr) << code;
     }
 }
 
@@ -141,9 +136,7 @@ TEST(CKGeomShapes, ComparisonLooksAtEveryFieldOfItsOwn)
 
 TEST(CKGeomShapes, ArcDirectionsCountAsClockwiseExceptMinusOne)
 {
-    CKGeomArc arc(1, 2, 3, 4, 5, 6, 7);
-    EXPECT_EQ(arc.GetCenterX(), 5);
-    EXPECT_EQ(arc.GetThickness(), 7);
+    CKGeomArc arc;
     EXPECT_EQ(arc.GetDirection(), 0);
     for (int direction : {-2, -1, 0, 1, 2}) {
         arc.setDirection(direction);
@@ -174,20 +167,15 @@ TEST(CKGeomShapes, RectanglesComeFromTwoCornersInAnyOrder)
 {
     CKGeomRectangle rectangle;
     rectangle.SetData(4, 0, 3, -1, 30);
-    EXPECT_EQ(rectangle.GetCenterX(), 2);
-    EXPECT_EQ(rectangle.GetCenterY(), 1);
+    EXPECT_EQ(XY(rectangle.GetCenterX(), rectangle.GetCenterY()), XY(2, 1));
+    EXPECT_EQ(XY(rectangle.getLeft(), rectangle.getBottom()), XY(0, -1));
+    EXPECT_EQ(XY(rectangle.getRight(), rectangle.getTop()), XY(4, 3));
     EXPECT_EQ(rectangle.GetRotation(), 30);
-    EXPECT_EQ(rectangle.getLeft(), 0);
-    EXPECT_EQ(rectangle.getRight(), 4);
-    EXPECT_EQ(rectangle.getBottom(), -1);
-    EXPECT_EQ(rectangle.getTop(), 3);
     rectangle.SetData(0, 0.1, 0, 1e300, 0);
     EXPECT_EQ(rectangle.GetWidth(), 0.1f);
     EXPECT_EQ(rectangle.getRight(), 0.05 + static_cast<double>(0.1f) * 0.5);
     CKGeomCircle circle;
     circle.SetRadius(0.1f);
     EXPECT_EQ(circle.GetRadius(), 0.10000000149011612);
-    CKGeomText text;
-    EXPECT_STREQ(text.GetText(), "");
-    EXPECT_EQ(text.GetFontSize(), 20);
+    EXPECT_EQ(CKGeomText().GetFontSize(), 20);
 }

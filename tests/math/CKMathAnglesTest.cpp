@@ -114,17 +114,12 @@ TEST(CKMathNumbers, RoundsByAddingAHalfAndTruncating)
     };
     const Case cases[] = {
         {2.5, 3},
-        {2.49, 2},
         {-2.5, -2},
         {-2.7, -2},
-        {-0.7, 0},
         {-0.5, 0},
-        {0.5, 1},
         {1e10, INT_MAX},
-        {-1e300, INT_MIN},
         {std::nan(""), 0},
         {kInf, INT_MAX},
-        {-kInf, INT_MIN},
         {2147483646.5, INT_MAX},
         {-2147483649.4, INT_MIN},
     };
