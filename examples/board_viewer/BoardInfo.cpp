@@ -1,94 +1,14 @@
 #include "BoardInfo.h"
 
+#include "JsonWriter.h"
+
 #include <cstdio>
 #include <map>
 #include <string_view>
 
-// The JSON is written by hand: it is flat and small, and a library for it would be this example's only other
-// dependency.
-
 namespace viewer {
 
 namespace {
-
-/// Builds indented JSON; commas and line breaks come by themselves.
-class JsonWriter
-{
-public:
-    void Open(char bracket) { Item(), text += bracket, Enter(); }
-    void Open(std::string_view key, char bracket) { Key(key), text += bracket, Enter(); }
-    void Close(char bracket)
-    {
-        --depth;
-        if (!first)
-            Break();
-        text += bracket;
-        first = false;
-    }
-    void Value(std::string_view value) { Item(), Quote(value); }
-    void Value(size_t value) { Item(), text += std::to_string(value); }
-    void Member(std::string_view key, std::string_view value) { Key(key), Quote(value); }
-    void Member(std::string_view key, size_t value) { Key(key), text += std::to_string(value); }
-    void Member(std::string_view key, double value)
-    {
-        char digits[32];
-        std::snprintf(digits, sizeof digits, "%.9g", value + 0.0); // no -0
-        Key(key);
-        text += digits;
-    }
-    std::string Finish() { return std::move(text) + '\n'; }
-
-private:
-    /// Nothing follows the bracket yet, so the next item needs no comma.
-    void Enter()
-    {
-        ++depth;
-        first = true;
-    }
-    void Break()
-    {
-        text += '\n';
-        text.append(size_t(depth) * 2, ' ');
-    }
-    /// Ends the line of the item before.
-    void Item()
-    {
-        if (!first)
-            text += ',';
-        if (depth > 0)
-            Break();
-        first = false;
-    }
-    void Key(std::string_view key)
-    {
-        Item();
-        Quote(key);
-        text += ": ";
-    }
-    /// Bytes of 128 and above pass as they are: names are UTF-8 in files of these versions.
-    void Quote(std::string_view value)
-    {
-        text += '"';
-        for (char c : value) {
-            const auto byte = static_cast<unsigned char>(c);
-            if (c == '"' || c == '\\') {
-                text += '\\';
-                text += c;
-            } else if (byte < ' ') {
-                char escape[8];
-                std::snprintf(escape, sizeof escape, "\\u%04x", unsigned(byte));
-                text += escape;
-            } else {
-                text += c;
-            }
-        }
-        text += '"';
-    }
-
-    std::string text;
-    int depth = 0;
-    bool first = true;
-};
 
 using Counts = std::map<std::string, size_t>;
 
