@@ -135,6 +135,7 @@ void DropUnusedRings(Board& board)
 {
     for (Via& via : board.vias)
         via.layers &= ~UnusedRings(board, via.unlessUnused, via.net, via.centre, via.diameter / 2);
+    // Tracks and the spokes of zones run to a pad's middle, so what does not reach its hole passes by.
     for (Pad& pad : board.pads)
         pad.layers &=
             ~UnusedRings(board, pad.unlessUnused, pad.net, pad.centre, std::max(pad.hole.width, pad.hole.height) / 2);

@@ -215,7 +215,7 @@ TEST(BoardReader, TracksAndVias)
     EXPECT_EQ(NamesOf(board, board.vias.at(1).layers), "F.Cu In1.Cu");
 }
 
-TEST(BoardReader, ViasLoseUnusedInnerRings)
+TEST(BoardReader, ViasAndPadsLoseUnusedInnerRings)
 {
     const char* via = "(via (at 10 10) (size 0.8) (drill 0.4) (layers \"F.Cu\" \"B.Cu\") (remove_unused_layers) "
                       "(keep_end_layers) (net 1))";
@@ -243,9 +243,12 @@ TEST(BoardReader, ViasLoseUnusedInnerRings)
          "F.Cu In1.Cu B.Cu"},
         {"a filled area with a clearance around it", holedZone, "F.Cu B.Cu"},
     };
+    const char* pad = "(footprint \"x\" (layer \"F.Cu\") (at 10 10) (pad \"1\" thru_hole circle (at 0 0) (size 0.8 0.8)"
+                      " (drill 0.4) (layers *.Cu) (remove_unused_layers) (net 1 \"A\")))";
     for (const Case& c : cases) {
-        const Board board = ReadItems(c.items + via);
+        const Board board = ReadItems(c.items + via + pad);
         EXPECT_EQ(NamesOf(board, board.vias.at(0).layers), c.layers) << c.why;
+        EXPECT_EQ(NamesOf(board, board.pads.at(0).layers), c.layers) << c.why << ", a pad";
     }
 }
 
