@@ -7,6 +7,8 @@
 #include <cmath>
 
 class CKGeomArc;
+class CKRectD;
+class CKRectF;
 
 /// Computational geometry as static functions; there is no data, and nothing needs an object. Points are coordinate
 /// pairs, x before y, in logical millimetres with y upward. A segment is closed, its ends included. Angles are degrees
@@ -135,4 +137,71 @@ public:
     /// A new arc from P1 to P3 of thickness 0 that the caller deletes. Its centre is the image of P2 through the point
     /// of the chord P1-P3 nearest to it, its direction what GetRelativeDirection() says of P3 against P1 -> P2.
     static CKGeomArc* GenerateArcFromThreePoints(double x1, double y1, double x2, double y2, double x3, double y3);
+
+    // ---- Points against arcs and circles: 1 when it holds, else 0. An arc runs about O from S to E; its radius is
+    // |S - O| where none is passed. Polar angles are compared as float degrees, and a point in the centre has angle 0.
+
+    /// The angle lies on the way from start to end, both ends included. Angles are made positive first; equal ones are
+    /// a full circle, and everything lies on it.
+    static int IsAngleInArc(float startAngle, float endAngle, float angle, int counterClockwise);
+    /// The same for the polar angles of S, E and P about O.
+    static int IsPointInArcAngle(double px, double py, double cx, double cy, double sx, double sy, double ex, double ey,
+                                 int counterClockwise);
+    /// The same by angles in (-180, 180] as they are, and without a full circle: at equal angles nothing lies between.
+    static int IsPointInteriorAngleOfArc(double cx, double cy, double sx, double sy, double ex, double ey,
+                                         int counterClockwise, double px, double py);
+    /// P lies in the circular sector: between the radii in the sense of IsPointInteriorAngleOfArc(), not beyond the
+    /// arc.
+    static int IsPointInIcecreamHeadOfArc(double cx, double cy, double sx, double sy, double ex, double ey,
+                                          int counterClockwise, double px, double py);
+    static int IsInCircle(double px, double py, double cx, double cy, double radius); ///< P lies in the closed disc
+    /// P lies on the outline drawn with that width: at most half of it inside or outside the radius.
+    static int IsOnCircle(double px, double py, double cx, double cy, double radius, double width);
+    /// P lies on the arc drawn with that width and flat ends. S = E exactly is a full circle.
+    static int IsOnArc(double px, double py, double sx, double sy, double ex, double ey, double cx, double cy,
+                       double width, int counterClockwise);
+    /// The same after TranslateArc() has placed the arc; P is not moved.
+    static int IsOnArc(double px, double py, double sx, double sy, double ex, double ey, double cx, double cy,
+                       double width, int counterClockwise, float angle, int mirror);
+    /// P lies in the circular segment between the arc and its chord, both included. `direction` is a direction code.
+    static int IsInArc(double px, double py, int direction, double radius, double cx, double cy, double sx, double sy,
+                       double ex, double ey);
+
+    // ---- Points and crossings of lines. "No point" has the largest double in both coordinates; compare exactly.
+
+    /// 1 when P lies between the ends of the segment, in x (in y on a vertical one), and the triangle P1 P2 P has at
+    /// most 0.25 square millimetres: up to 0.5 / length beside the line.
+    static int IsPointOnLine(double x1, double y1, double x2, double y2, double px, double py);
+    /// Where the segments P1-P2 and P3-P4 meet; no point when they do not, or when they lie on parallel lines, even if
+    /// they overlap.
+    static KPointD GetLinesIntersectedPoint(double x1, double y1, double x2, double y2, double x3, double y3, double x4,
+                                            double y4);
+    /// The same for the infinite lines. Parallel means exactly equal slopes; a line of no length counts as vertical.
+    static KPointD GetInfiniteLinesIntersectedPoint(double x1, double y1, double x2, double y2, double x3, double y3,
+                                                    double x4, double y4);
+
+    // ---- Rectangles, closed and in the order left, right, bottom, top. One whose edges are the wrong way round holds
+    // no point. The initialized flag of a rectangle object is not looked at.
+
+    static int IsInRectangle(double px, double py, double left, double right, double bottom, double top);
+    /// The same for P turned by the negated angle and then mirrored.
+    static int IsInRectangle(double px, double py, double left, double right, double bottom, double top, float angle,
+                             int mirror);
+    /// The same for the rectangle grown by the margin on every side; 0 for null.
+    static int IsInRectangle(double px, double py, CKRectD* rect, double margin);
+    static int IsInRectangle(double px, double py, CKRectF* rect, double margin); ///< the margin is added in double
+    /// 1 when the rectangles share a point, touching corners included.
+    static int IsIntersectRectangle(double left1, double right1, double bottom1, double top1, double left2,
+                                    double right2, double bottom2, double top2);
+    static int IsIntersectRectangle(float left1, float right1, float bottom1, float top1, float left2, float right2,
+                                    float bottom2, float top2);
+    /// 1 when `a` meets `b` grown by the margin: whether a finer test of what they bound is worth its time.
+    static int IsToCheck(CKRectF& a, CKRectF& b, double margin);
+    static int IsToCheck(CKRectD& a, CKRectD& b, double margin);
+    /// 1 when the segment comes as near to the rectangle as the tolerance, or has an end in it.
+    static int IsIntersectLineToRectangle(double x1, double y1, double x2, double y2, double tolerance, double left,
+                                          double right, double bottom, double top);
+    /// 1 when the disc and the rectangle share a point.
+    static int IsIntersectCircleToRectangle(double cx, double cy, double radius, double left, double right,
+                                            double bottom, double top);
 };
