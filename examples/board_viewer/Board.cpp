@@ -126,6 +126,16 @@ LayerSet UnusedRings(const Board& board, LayerSet candidates, int net, KPointD c
 
 } // namespace
 
+std::vector<std::string> References(const Board& board)
+{
+    std::vector<std::string> references;
+    for (const NamedItem& item : board.names) {
+        if (item.kind == NamedItem::Kind::Footprint)
+            references.push_back(item.name);
+    }
+    return references;
+}
+
 double DistanceToFigure(const Figure& figure, KPointD point)
 {
     return std::max(DistanceToCentreLine(figure, point) - figure.width / 2, 0.0);

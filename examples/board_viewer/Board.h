@@ -111,12 +111,26 @@ struct FilledPolygon
     int net = 0;
 };
 
+/// What a user searches a board for.
+struct NamedItem
+{
+    enum class Kind
+    {
+        Footprint,
+        Net,
+    };
+    Kind kind = Kind::Footprint;
+    std::string name;   ///< the reference, or the net's name as in the file
+    KPointD position{}; ///< of a footprint
+    int net = 0;        ///< number of a net
+};
+
 struct Board
 {
     LayerTable layers;
     std::map<int, std::string>
         nets; ///< names as in the file, escapes like {slash} included: they tell apart what else would be one name
-    std::vector<std::string> references; ///< one per footprint, in the order of the file; they can repeat
+    std::vector<NamedItem> names; ///< every footprint and every net, in the order of the file; references can repeat
     std::vector<Track> tracks;
     std::vector<Via> vias;
     std::vector<Pad> pads;
@@ -124,6 +138,9 @@ struct Board
     std::vector<Text> texts;
     std::vector<FilledPolygon> filledPolygons;
 };
+
+/// The references of the footprints, in the order of the file.
+std::vector<std::string> References(const Board& board);
 
 /// Distance from a point to the inked area of a figure, border stroke included: 0 on it.
 double DistanceToFigure(const Figure& figure, KPointD point);

@@ -132,7 +132,7 @@ std::string BoardInfoJson(const Board& board, const BoardPicture& picture)
     json.Close('}');
 
     json.Open("references", '[');
-    for (const std::string& reference : board.references)
+    for (const std::string& reference : References(board))
         json.Value(reference);
     json.Close(']');
 

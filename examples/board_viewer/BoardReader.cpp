@@ -18,6 +18,14 @@ void ReadLayerTable(const SExpr& item, Board& board)
     }
 }
 
+void ReadNetInto(Board& board, const SExpr& item)
+{
+    const int number = item.Whole(0);
+    const std::string name = item.At(1).Text();
+    board.nets[number] = name;
+    board.names.push_back({NamedItem::Kind::Net, name, {}, number});
+}
+
 /// A segment or an arc of a net.
 Track ReadTrack(const SExpr& item, LayerTable& layers)
 {
@@ -147,7 +155,7 @@ void ReadItem(Board& board, const SExpr& item)
     else if (head == "zone")
         ReadZoneInto(board, item);
     else if (head == "net")
-        board.nets[item.Whole(0)] = item.At(1).Text();
+        ReadNetInto(board, item);
     else if (head == "layers")
         ReadLayerTable(item, board);
     else if (head == "gr_text")

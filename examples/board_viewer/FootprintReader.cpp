@@ -59,10 +59,11 @@ void ReadFootprintTextInto(Board& board, const SExpr& item, const Placement& pla
 
 void ReadFootprintInto(Board& board, const SExpr& footprint)
 {
-    const Placement placement(Placement().Place(footprint, "at"), footprint.Find("at").Number(2));
+    const KPointD position = Placement().Place(footprint, "at");
+    const Placement placement(position, footprint.Find("at").Number(2));
     // Both are needed before the first text is read: a text can come before the reference that it names.
     const Variables variables = {TextOfKind(footprint, "reference"), TextOfKind(footprint, "value")};
-    board.references.push_back(variables.reference);
+    board.names.push_back({NamedItem::Kind::Footprint, variables.reference, position, 0});
 
     for (SExpr item = footprint.First(); item; item = item.Next()) {
         if (item.Is("pad"))

@@ -353,7 +353,7 @@ TEST(BoardReader, Texts)
                   "(thickness 0.1) italic)))\n"
                   " (fp_text user \"up\" (at 0 0 unlocked) (layer \"F.SilkS\") (effects (font (size 1 1)))))");
     ASSERT_EQ(board.texts.size(), 4u) << "hidden ones are left out";
-    EXPECT_EQ(board.references, std::vector<std::string>{"R1"}) << "a hidden reference still is one";
+    EXPECT_EQ(References(board), std::vector<std::string>{"R1"}) << "a hidden reference still is one";
 
     const Text& mirrored = board.texts[0];
     EXPECT_EQ(mirrored.text, "two\nlines");
@@ -381,7 +381,7 @@ TEST(BoardReader, NetsAndReferencesStayAsTheyAre)
         "(module x (layer F.Cu) (at 0 0) (fp_text reference REF** (at 0 0) (layer F.SilkS)))");
     EXPECT_EQ(board.nets.at(1), "/BUS{slash}#A*");
     EXPECT_EQ(board.nets.at(2), "bare");
-    EXPECT_EQ(board.references, (std::vector<std::string>{"REF**", "REF**"}));
+    EXPECT_EQ(References(board), (std::vector<std::string>{"REF**", "REF**"}));
 }
 
 struct RefusedCase

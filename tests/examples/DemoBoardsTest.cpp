@@ -75,7 +75,7 @@ void ExpectSound(const std::string& file)
                                                                  [](const Track& t) { return t.isArc; })));
     EXPECT_EQ(board.vias.size(), CountLists(text, "via"));
     EXPECT_EQ(board.pads.size(), CountLists(text, "pad"));
-    EXPECT_EQ(board.references.size(), CountLists(text, "footprint") + CountLists(text, "module"));
+    EXPECT_EQ(References(board).size(), CountLists(text, "footprint") + CountLists(text, "module"));
     EXPECT_EQ(board.filledPolygons.size(), CountLists(text, "filled_polygon"));
     EXPECT_GT(board.graphics.size(), 0u);
     EXPECT_EQ(ShortedEnds(board), std::vector<std::string>());
