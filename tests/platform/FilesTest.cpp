@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include "Raises.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -9,38 +10,13 @@
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <thread>
-#include <unistd.h>
 
 namespace {
 
-namespace fs = std::filesystem;
-
-/// A directory of its own for each test, removed at its end.
-class Files : public ::testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-        m_directory = fs::temp_directory_path() / ("kolm-" + std::to_string(::getpid()) + "-" + info->name());
-        fs::create_directories(m_directory);
-    }
-    void TearDown() override { fs::remove_all(m_directory); }
-
-    std::string Path(const std::string& name) const { return (m_directory / name).string(); }
-    static void Put(const std::string& path, const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
-    static std::string Get(const std::string& path)
-    {
-        std::ifstream file(path, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    }
-
-    fs::path m_directory;
-};
+class Files : public ::testing::Test, protected TemporaryFolder
+{};
 
 TEST_F(Files, FlagsOfOpen)
 {
@@ -62,9 +38,9 @@ TEST_F(Files, FlagsOfOpen)
     };
     for (const auto& c : cases) {
         const std::string path = Path("file");
-        fs::remove(path);
+        DeleteFileA(path.c_str());
         if (c.exists)
-            Put(path, "abcdef");
+            Put("file", "abcdef");
         CFile file;
         CFileException error;
         EXPECT_EQ(file.Open(path.c_str(), c.flags, &error), c.cause == CFileException::none) << c.why;
@@ -72,11 +48,10 @@ TEST_F(Files, FlagsOfOpen)
         if (c.after) {
             file.Write("XY", 2);
             file.Close();
-            EXPECT_EQ(Get(path), c.after) << c.why;
+            EXPECT_EQ(Get("file"), c.after) << c.why;
         }
     }
-    EXPECT_TRUE(Raises<CFileException>([&] { CFile(m_directory.c_str(), CFile::modeRead); }))
-        << "a directory has no bytes";
+    EXPECT_TRUE(Raises<CFileException>([&] { CFile(Path().c_str(), CFile::modeRead); })) << "a directory has no bytes";
     EXPECT_TRUE(Raises<CFileException>([&] { CFile(nullptr, CFile::modeRead); }));
 }
 
@@ -144,14 +119,14 @@ TEST_F(Files, NotOpenRaises)
         file->Close();
     }
     CFile readOnly;
-    Put(Path("file"), "a");
+    Put("file", "a");
     ASSERT_TRUE(readOnly.Open(Path("file").c_str(), CFile::modeRead));
     EXPECT_TRUE(Raises<CFileException>([&] { readOnly.Write("x", 1); }));
 }
 
 TEST_F(Files, LinesOfText)
 {
-    Put(Path("text"), "one\r\n\ntwo\r\rthree");
+    Put("text", "one\r\n\ntwo\r\rthree");
     for (UINT type : {UINT(CFile::typeText), UINT(CFile::typeBinary)}) {
         CStdioFile file(Path("text").c_str(), CFile::modeRead | type);
         CString line, all;
@@ -164,7 +139,7 @@ TEST_F(Files, LinesOfText)
     out.WriteString("a\n");
     out.WriteString("b");
     out.Close();
-    EXPECT_EQ(Get(Path("out")), "a\nb");
+    EXPECT_EQ(Get("out"), "a\nb");
 }
 
 TEST_F(Files, MemoryBlocksOfTheCaller)
@@ -220,7 +195,7 @@ TEST_F(Files, ArchivesOverFilesOnDisk)
         for (int i = 0; i < 50000; ++i)
             ar << i;
     }
-    EXPECT_EQ(fs::file_size(path), 200000u);
+    EXPECT_EQ(Get("archive").size(), 200000u);
     CStdioFile file(path.c_str(), CFile::modeRead | CFile::typeBinary);
     CArchive ar(&file, CArchive::load);
     for (int i = 0; i < 50000; ++i) {
@@ -269,9 +244,9 @@ TEST_F(Files, Dispositions)
     };
     for (const auto& c : cases) {
         const std::string path = Path("file");
-        fs::remove(path);
+        DeleteFileA(path.c_str());
         if (c.exists)
-            Put(path, "abc");
+            Put("file", "abc");
         const HANDLE file = Open(path, GENERIC_WRITE, c.disposition);
         EXPECT_EQ(file != INVALID_HANDLE_VALUE, c.error == NO_ERROR) << c.why;
         DWORD written = 0;
@@ -279,28 +254,24 @@ TEST_F(Files, Dispositions)
             EXPECT_EQ(GetLastError(), c.error) << c.why;
         else
             EXPECT_TRUE(WriteFile(file, "XY", 2, &written, nullptr) && written == 2 && CloseHandle(file)) << c.why;
-        EXPECT_EQ(Get(path), c.after) << c.why;
+        EXPECT_EQ(Get("file"), c.after) << c.why;
     }
-    EXPECT_EQ(Open(m_directory.string(), GENERIC_READ, OPEN_EXISTING), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(Open(Path(), GENERIC_READ, OPEN_EXISTING), INVALID_HANDLE_VALUE);
     EXPECT_EQ(Open(Path("missing/file"), GENERIC_WRITE, CREATE_ALWAYS), INVALID_HANDLE_VALUE);
     EXPECT_FALSE(DeleteFileA(Path("missing").c_str()));
     EXPECT_TRUE(DeleteFileA(Path("file").c_str()));
-    EXPECT_FALSE(fs::exists(Path("file")));
+    EXPECT_FALSE(Has("file"));
 }
 
 TEST_F(Files, HandlesAreChecked)
 {
-    Put(Path("file"), "abc");
+    Put("file", "abc");
     const HANDLE stale = Open(Path("file"), GENERIC_READ, OPEN_EXISTING);
     ASSERT_TRUE(CloseHandle(stale));
     const HANDLE fresh = Open(Path("file"), GENERIC_READ, OPEN_EXISTING); // takes the same place
     int dummy = 0;
-    const HANDLE bad[] = {stale,
-                          nullptr,
-                          INVALID_HANDLE_VALUE,
-                          &dummy,
-                          reinterpret_cast<HANDLE>(UINT_PTR(4)),
-                          reinterpret_cast<HANDLE>(reinterpret_cast<UINT_PTR>(fresh) + 1)};
+    const HANDLE beside = static_cast<char*>(fresh) + 1;
+    const HANDLE bad[] = {stale, nullptr, INVALID_HANDLE_VALUE, &dummy, HANDLE(UINT_PTR(4)), beside};
     char bytes[8];
     DWORD count = 99;
     for (const HANDLE handle : bad) {

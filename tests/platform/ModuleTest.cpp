@@ -28,12 +28,10 @@ TEST(Module, TheLibraryRegistersItselfWhenLoaded)
 TEST(Module, ModulesComeAndGo)
 {
     const std::vector<HMODULE> before = RegisteredModules();
-    int first = 0;
-    int second = 0;
-    const HMODULE firstHandle = reinterpret_cast<HMODULE>(&first);
-    const HMODULE secondHandle = reinterpret_cast<HMODULE>(&second);
-    AFX_EXTENSION_MODULE firstModule = {};
-    AFX_EXTENSION_MODULE secondModule = {};
+    int places[2];
+    const HMODULE firstHandle = reinterpret_cast<HMODULE>(&places[0]);
+    const HMODULE secondHandle = reinterpret_cast<HMODULE>(&places[1]);
+    AFX_EXTENSION_MODULE firstModule = {}, secondModule = {};
 
     EXPECT_FALSE(AfxInitExtensionModule(firstModule, nullptr));
     EXPECT_TRUE(AfxInitExtensionModule(firstModule, firstHandle));
