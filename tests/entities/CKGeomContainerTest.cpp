@@ -1,5 +1,4 @@
 #include "entities/CKGeomContainer.h"
-#include "CountedShape.h"
 #include "entities/CKGeomArc.h"
 #include "entities/CKGeomArray.h"
 #include "entities/CKGeomCircle.h"
@@ -8,6 +7,7 @@
 #include "entities/CKGeomText.h"
 #include "Raises.h"
 #include "support/ArchiveBytes.h"
+#include "support/CountedShape.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "CountedShape.h"
 #include "entities/CKGeomPolygon.h"
 #include "Raises.h"
 #include "support/ArchiveBytes.h"
+#include "support/CountedShape.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "entities/CKGeomPolygon.h"
-#include "CountedShape.h"
 #include "entities/CKGeomLine.h"
 #include "support/ArchiveBytes.h"
+#include "support/CountedShape.h"
 
 #include <gtest/gtest.h>
 

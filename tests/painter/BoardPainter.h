@@ -45,3 +45,13 @@ public:
 private:
     std::string calls;
 };
+
+/// That host with a window of its own.
+struct BoardWindow
+{
+    BoardWindow(int width, int height) : window(width, height), dc(&window) {}
+
+    TestWindow window;
+    CClientDC dc;
+    BoardPainter painter;
+};

@@ -2,20 +2,6 @@
 
 namespace {
 
-struct SizeCase
-{
-    const char* why;
-    int width, height;
-    int madeWidth, madeHeight; // 0: no capture
-};
-
-const SizeCase kSizes[] = {
-    {"as asked", 100, 50, 100, 50},
-    {"no width", 0, 30, 30, 30},
-    {"no height", 30, 0, 30, 30},
-    {"neither", 0, 0, 0, 0},
-};
-
 BITMAP RecordOf(HBITMAP bitmap)
 {
     BITMAP record = {};
@@ -25,16 +11,27 @@ BITMAP RecordOf(HBITMAP bitmap)
 
 TEST(CKPainterCapture, Sizes)
 {
+    struct Case
+    {
+        const char* why;
+        int width, height;
+        int madeWidth, madeHeight; // 0: no capture
+    };
+    const Case cases[] = {
+        {"as asked", 100, 50, 100, 50},
+        {"no width", 0, 30, 30, 30},
+        {"no height", 30, 0, 30, 30},
+        {"neither", 0, 0, 0, 0},
+    };
     TestWindow window(40, 40);
-    for (const SizeCase& c : kSizes) {
+    for (const Case& c : cases) {
         BoardPainter painter;
         painter.Capture(&window, c.width, c.height, 0, 0, 20, 20);
         ASSERT_EQ(painter.GetCaptureBitmap() != nullptr, c.madeWidth != 0) << c.why;
         if (!c.madeWidth)
             continue;
         const BITMAP record = RecordOf(*painter.GetCaptureBitmap());
-        EXPECT_EQ(record.bmWidth, c.madeWidth) << c.why;
-        EXPECT_EQ(record.bmHeight, c.madeHeight) << c.why;
+        EXPECT_EQ(XY(record.bmWidth, record.bmHeight), XY(c.madeWidth, c.madeHeight)) << c.why;
         EXPECT_EQ(record.bmBitsPixel, 32) << c.why;
         EXPECT_EQ(DeleteObject(*painter.GetCaptureBitmap()), TRUE) << "not selected anywhere any more";
     }
@@ -50,11 +47,8 @@ TEST(CKPainterCapture, FramesTheAreaWhateverTheOrderOfCorners)
         painter.squareSize = 4.0; // x 8 to 12, y 18 to 22
         painter.Capture(&window, 100, 50, o[0], o[1], o[2], o[3]);
         EXPECT_EQ(painter.TakeCalls(), "body ") << "no question for data, no ending";
-        EXPECT_EQ(painter.GetPhysicalCenterX(), 50);
-        EXPECT_EQ(painter.GetPhysicalCenterY(), 25);
-        EXPECT_EQ(painter.GetLogicalCenterX(), 10.0);
-        EXPECT_EQ(painter.GetLogicalScreenLeft(), 0.0);
-        EXPECT_EQ(painter.GetLogicalScreenTop(), 25.0);
+        EXPECT_EQ(PhysicalCenter(painter), XY(50, 25));
+        EXPECT_EQ(LogicalScreen(painter), std::pair(XY(0, 15), XY(20, 25)));
 
         // 5 pixels to the millimetre: the square covers 20 x 20 pixels around the middle; edges may differ by one.
         const std::vector<uint32_t> pixels = ReadPixels(*painter.GetCaptureBitmap());
@@ -101,8 +95,7 @@ TEST(CKPainterCapture, WholeViewUsesTheZoomAreaOnlyWhileTheCentreIsEmpty)
     painter.FitToWindow();
     painter.SetCaptureZoomArea(5, 5, 20, 0);
     painter.Capture(&window);
-    EXPECT_EQ(painter.GetLogicalCenterX(), 5.0) << "not negated";
-    EXPECT_EQ(painter.GetLogicalCenterY(), 5.0);
+    EXPECT_EQ(LogicalCenter(painter), XY(5, 5)) << "not negated";
     EXPECT_EQ(painter.GetScale(), 60 / 80.0 * 0.9); // 20 x 20 mm at 4 pixels to the millimetre
     EXPECT_EQ(painter.GetSavedDCScale(), 123.0) << "the saved viewport is a frame's alone";
     EXPECT_EQ(painter.IsFinishDraw(), 1);

@@ -1,25 +1,14 @@
 #include "BoardPainter.h"
 
-#include "entities/CKGeom.h"
 #include "entities/CKGeomArray.h"
+#include "support/CountedShape.h"
 
 #include <memory>
 
 namespace {
 
-int g_alive = 0;
-
-class CountedShape : public CKGeom
-{
-public:
-    CountedShape() { ++g_alive; }
-    CountedShape(const CountedShape&) = delete;
-    ~CountedShape() override { --g_alive; }
-};
-
 TEST(CKPainterEvents, ArrayLivesFromTheFirstShape)
 {
-    g_alive = 0;
     {
         CKPainter painter;
         painter.DeleteLastEventObject();
@@ -34,14 +23,14 @@ TEST(CKPainterEvents, ArrayLivesFromTheFirstShape)
         EXPECT_EQ(painter.GetEventObjects()->GetSize(), 3);
         EXPECT_EQ(painter.GetEventObjects()->GetAt(2), last);
         painter.RemoveLastEventObject();
-        EXPECT_EQ(g_alive, 3) << "the caller's again";
+        EXPECT_EQ(CountedShape::alive, 3) << "the caller's again";
         delete last;
         painter.DeleteLastEventObject();
-        EXPECT_EQ(g_alive, 1);
+        EXPECT_EQ(CountedShape::alive, 1);
 
         CKGeomArray* const array = painter.GetEventObjects();
         painter.DeleteEventObjectElements();
-        EXPECT_EQ(g_alive, 0);
+        EXPECT_EQ(CountedShape::alive, 0);
         EXPECT_EQ(painter.GetEventObjects(), array);
         EXPECT_EQ(array->GetSize(), 0);
         painter.DeleteLastEventObject();
@@ -51,12 +40,11 @@ TEST(CKPainterEvents, ArrayLivesFromTheFirstShape)
         painter.AddEventObject(new CountedShape);
         EXPECT_EQ(painter.GetEventObjects()->GetSize(), 1);
     }
-    EXPECT_EQ(g_alive, 0) << "the painter frees what it still has";
+    EXPECT_EQ(CountedShape::alive, 0) << "the painter frees what it still has";
 }
 
 TEST(CKPainterCopy, CopiesShareAndTheLastOneFrees)
 {
-    g_alive = 0;
     TestWindow window(30, 20);
     CClientDC dc(&window);
     BoardPainter().DrawView(&window, &dc); // leaves a pen and a brush in the window's context
@@ -71,7 +59,7 @@ TEST(CKPainterCopy, CopiesShareAndTheLastOneFrees)
     CKPainter third;
     third.AddEventObject(new CountedShape);
     third = *second;
-    EXPECT_EQ(g_alive, 1) << "what the target held is freed";
+    EXPECT_EQ(CountedShape::alive, 1) << "what the target held is freed";
     const CKPainter& itself = third;
     third = itself;
     static_cast<CKPainter&>(*first) = third; // back into the same ring
@@ -81,16 +69,16 @@ TEST(CKPainterCopy, CopiesShareAndTheLastOneFrees)
     EXPECT_EQ(third.GetSavedDCScale(), first->GetSavedDCScale());
 
     first.reset();
-    EXPECT_EQ(g_alive, 1);
+    EXPECT_EQ(CountedShape::alive, 1);
     EXPECT_NE(third.GetSavedDC()->GetPixel(0, 0), CLR_INVALID);
     second->DrawView(&window, &dc); // a new frame for this one; the other keeps the old
     EXPECT_NE(third.GetSavedDC(), second->GetSavedDC());
     EXPECT_NE(third.GetSavedDC()->GetPixel(0, 0), CLR_INVALID);
     third.DeleteEventObjects();
-    EXPECT_EQ(g_alive, 1) << "still the other's";
+    EXPECT_EQ(CountedShape::alive, 1) << "still the other's";
     EXPECT_EQ(third.GetEventObjects(), nullptr);
     second.reset();
-    EXPECT_EQ(g_alive, 0);
+    EXPECT_EQ(CountedShape::alive, 0);
 
     third = CKPainter();
     EXPECT_EQ(third.GetSavedDC(), nullptr);
@@ -126,6 +114,26 @@ TEST(CKPainterCopy, SettersOnlyStoreThePointer)
     EXPECT_EQ(CountGdiObjects(), objects);
 }
 
+/// Everything that can be asked for, one value after the other.
+std::vector<double> StateOf(CKPainter& p)
+{
+    const auto [center, screen] = std::pair(LogicalCenter(p), LogicalScreen(p));
+    const KPointD savedCenter = p.GetSavedDCLogicalCenterCoord();
+    std::vector<double> state;
+    for (const int value : {p.IsSimpleDraw(), p.IsRedraw(), p.IsBoardMirrorX(), p.GetCaptureMode(),
+                            p.GetPhysicalCenterX(), p.GetPhysicalCenterY()})
+        state.push_back(value);
+    for (const double value :
+         {center.first, center.second, p.GetScale(), p.GetPixcelPerMM(), screen.first.first, screen.second.first,
+          screen.second.second, screen.first.second, p.GetSavedDCScale(), savedCenter.x, savedCenter.y,
+          p.GetSavedDCLogicalScreenLeft(), p.GetSavedDCLogicalScreenRight(), p.GetSavedDCLogicalScreenTop(),
+          p.GetSavedDCLogicalScreenBottom()})
+        state.push_back(value);
+    for (const COLORREF value : {p.GetBackgroundColorForTransparent(), p.GetBackgroundColorForReplacement()})
+        state.push_back(value);
+    return state;
+}
+
 TEST(CKPainterCopy, CarriesEveryMember)
 {
     CKPainter source;
@@ -146,39 +154,13 @@ TEST(CKPainterCopy, CarriesEveryMember)
     source.SetBackgroundColorForTransparent(16);
     source.SetBackgroundColorForReplacement(17);
 
-    CKPainter assigned;
+    // 90 x 45 pixels at 4.5 to the millimetre, mirrored: x from -17 to 3.
+    const std::vector<double> expected = {1,  1, 2, 1,  5,  6,  7,  8,  1.5, 3,  -17, 3,
+                                          13, 3, 9, 10, 11, 12, 13, 14, 15,  16, 17};
+    CKPainter assigned, copied(source);
     assigned = source;
-    for (CKPainter* copy : {&assigned, std::make_unique<CKPainter>(source).release()}) {
-        const double state[] = {double(copy->IsSimpleDraw()),
-                                double(copy->IsRedraw()),
-                                double(copy->IsBoardMirrorX()),
-                                double(copy->GetCaptureMode()),
-                                double(copy->GetPhysicalCenterX()),
-                                double(copy->GetPhysicalCenterY()),
-                                copy->GetLogicalCenterX(),
-                                copy->GetLogicalCenterY(),
-                                copy->GetScale(),
-                                copy->GetPixcelPerMM(),
-                                copy->GetLogicalScreenLeft(),
-                                copy->GetLogicalScreenRight(),
-                                copy->GetLogicalScreenTop(),
-                                copy->GetLogicalScreenBottom(),
-                                copy->GetSavedDCScale(),
-                                copy->GetSavedDCLogicalCenterCoord().x,
-                                copy->GetSavedDCLogicalCenterCoord().y,
-                                copy->GetSavedDCLogicalScreenLeft(),
-                                copy->GetSavedDCLogicalScreenRight(),
-                                copy->GetSavedDCLogicalScreenTop(),
-                                copy->GetSavedDCLogicalScreenBottom(),
-                                double(copy->GetBackgroundColorForTransparent()),
-                                double(copy->GetBackgroundColorForReplacement())};
-        // 90 x 45 pixels at 4.5 to the millimetre, mirrored: x from -17 to 3.
-        const double expected[] = {1, 1, 2, 1, 5, 6, 7, 8, 1.5, 3, -17, 3, 13, 3, 9, 10, 11, 12, 13, 14, 15, 16, 17};
-        for (size_t i = 0; i < std::size(expected); ++i)
-            EXPECT_EQ(state[i], expected[i]) << "field " << i;
-        if (copy != &assigned)
-            delete copy;
-    }
+    for (CKPainter* copy : {&assigned, &copied})
+        EXPECT_EQ(StateOf(*copy), expected);
 }
 
 } // namespace

@@ -1,34 +1,16 @@
 #include "BoardPainter.h"
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include "support/TemporaryFolder.h"
 
 namespace {
 
-/// A directory of its own for each test, removed afterwards.
-class CKPainterExport : public testing::Test
+class CKPainterExport : public testing::Test, protected TemporaryFolder
 {
 protected:
-    void SetUp() override
+    std::vector<uint8_t> Read(const char* name) const
     {
-        const testing::TestInfo* const test = testing::UnitTest::GetInstance()->current_test_info();
-        m_directory = std::filesystem::path(testing::TempDir()) / ("kolm_export_" + std::string(test->name()));
-        std::filesystem::remove_all(m_directory);
-        std::filesystem::create_directories(m_directory);
+        const std::string content = Get(name);
+        return std::vector<uint8_t>(content.begin(), content.end());
     }
-    void TearDown() override { std::filesystem::remove_all(m_directory); }
-
-    std::string Path(const char* name) const { return (m_directory / name).string(); }
-
-    static std::vector<uint8_t> Read(const std::string& path)
-    {
-        std::ifstream file(path, std::ios::binary);
-        return std::vector<uint8_t>(std::istreambuf_iterator<char>(file), {});
-    }
-
-private:
-    std::filesystem::path m_directory;
 };
 
 uint32_t Number(const std::vector<uint8_t>& bytes, size_t at)
@@ -57,10 +39,9 @@ TEST_F(CKPainterExport, ColourBitmapFile)
     const HBITMAP bitmap = CapturedHalves(window, 0, 100, 50);
     CKPainter().SaveToBMP(Path("a.bmp").c_str(), bitmap);
     DeleteObject(bitmap);
-    const std::vector<uint8_t> file = Read(Path("a.bmp"));
+    const std::vector<uint8_t> file = Read("a.bmp");
     ASSERT_EQ(file.size(), 14u + 40 + 4 + 20000);
-    EXPECT_EQ(file[0], 'B');
-    EXPECT_EQ(file[1], 'M');
+    EXPECT_EQ(Get("a.bmp").substr(0, 2), "BM");
     const uint32_t header[] = {uint32_t(file.size()), 0, 58, 40, 100, 50, 1 | 32 << 16, 0, 20000, 0, 0, 0, 0};
     for (size_t i = 0; i < std::size(header); ++i)
         EXPECT_EQ(Number(file, 2 + 4 * i), header[i]) << "number " << i;
@@ -77,7 +58,7 @@ TEST_F(CKPainterExport, MonochromeBitmapFile)
     const HBITMAP bitmap = CapturedHalves(window, 1, 40, 3);
     CKPainter().SaveToBMP(Path("a.bmp").c_str(), bitmap);
     DeleteObject(bitmap);
-    const std::vector<uint8_t> file = Read(Path("a.bmp"));
+    const std::vector<uint8_t> file = Read("a.bmp");
     ASSERT_EQ(file.size(), 14u + 40 + 8 + 3 * 8) << "rows of 40 bits take 8 bytes";
     EXPECT_EQ(Number(file, 10), 62u);
     EXPECT_EQ(Number(file, 54), 0u);
@@ -93,16 +74,14 @@ TEST_F(CKPainterExport, JpegLeavesNoBitmapFile)
     RecordingApp app;
     TestWindow window(10, 10);
     const HBITMAP bitmap = CapturedHalves(window, 0, 32, 16);
-    std::ofstream(Path("a.jpg.bmp")) << "in the way";
+    Put("a.jpg.bmp", "in the way");
     CKPainter().SaveToJPG(Path("a.jpg").c_str(), bitmap);
     DeleteObject(bitmap);
-    EXPECT_FALSE(std::filesystem::exists(Path("a.jpg.bmp")));
-    const std::vector<uint8_t> file = Read(Path("a.jpg"));
+    EXPECT_FALSE(Has("a.jpg.bmp"));
+    const std::string file = Get("a.jpg");
     ASSERT_GT(file.size(), 100u);
-    EXPECT_EQ(file[0], 0xFF);
-    EXPECT_EQ(file[1], 0xD8);
-    EXPECT_EQ(file[file.size() - 2], 0xFF);
-    EXPECT_EQ(file[file.size() - 1], 0xD9);
+    EXPECT_EQ(file.substr(0, 2), "\xFF\xD8");
+    EXPECT_EQ(file.substr(file.size() - 2), "\xFF\xD9");
     EXPECT_TRUE(app.messages.empty());
 }
 
@@ -119,7 +98,7 @@ TEST_F(CKPainterExport, FailuresShowMessages)
     app.messages.clear();
 
     painter.SaveToBMP(Path("none.bmp").c_str(), nullptr);
-    EXPECT_FALSE(std::filesystem::exists(Path("none.bmp"))) << "no bitmap: no file is touched";
+    EXPECT_FALSE(Has("none.bmp")) << "no bitmap: no file is touched";
     EXPECT_TRUE(app.messages.empty());
 
     if (std::filesystem::exists("/dev/full")) {

@@ -1,4 +1,5 @@
 #include "BoardPainter.h"
+#include "Raises.h"
 
 #include "entities/CKGeomArray.h"
 #include "entities/CKGeomLine.h"
@@ -17,25 +18,24 @@ CKGeom* NewLine(double x1, double y1, double x2, double y2, COLORREF color)
 TEST(CKPainterFrame, FirstFrameFitsTheTarget)
 {
     for (int mirror = 0; mirror < 2; ++mirror) {
-        TestWindow window(801, 600);
-        CClientDC dc(&window);
-        BoardPainter painter;
+        BoardWindow host(801, 600);
+        auto& [window, dc, painter] = host;
         painter.SetBoardMirrorX(mirror);
         painter.SetBackgroundColorForTransparent(0x402010);
         painter.DrawView(&window, &dc);
         EXPECT_EQ(painter.TakeCalls(), "data body ending ");
-        EXPECT_EQ(painter.GetPhysicalCenterX(), 400);
-        EXPECT_EQ(painter.GetPhysicalCenterY(), 300);
-        EXPECT_EQ(painter.GetLogicalCenterX(), mirror ? -10.0 : 10.0);
-        EXPECT_EQ(painter.GetLogicalCenterY(), 20.0);
+        EXPECT_EQ(PhysicalCenter(painter), XY(400, 300));
+        EXPECT_EQ(LogicalCenter(painter), XY(mirror ? -10 : 10, 20));
         EXPECT_EQ(painter.GetScale(), 801 / 400.0 * 0.9);
         EXPECT_EQ(painter.IsFinishDraw(), 1);
 
         // What the frame remembers of the view.
         EXPECT_EQ(painter.GetSavedDCScale(), painter.GetScale());
-        EXPECT_EQ(painter.GetSavedDCLogicalCenterCoord().x, painter.GetLogicalCenterX());
-        EXPECT_EQ(painter.GetSavedDCLogicalScreenTop(), painter.GetLogicalScreenTop());
-        EXPECT_EQ(painter.GetSavedDCLogicalScreenLeft(), painter.GetLogicalScreenLeft());
+        EXPECT_EQ(At(painter.GetSavedDCLogicalCenterCoord()), LogicalCenter(painter));
+        EXPECT_EQ(XY(painter.GetSavedDCLogicalScreenLeft(), painter.GetSavedDCLogicalScreenBottom()),
+                  LogicalScreen(painter).first);
+        EXPECT_EQ(XY(painter.GetSavedDCLogicalScreenRight(), painter.GetSavedDCLogicalScreenTop()),
+                  LogicalScreen(painter).second);
 
         // 4 x 10 x 1.80225 pixels are 72.09: float(400 -+ 72.09), float(300 + 144.18).
         EXPECT_EQ(painter.bodyTransform.eM11, mirror ? -1.0f : 1.0f);
@@ -55,9 +55,8 @@ TEST(CKPainterFrame, FirstFrameFitsTheTarget)
 
 TEST(CKPainterFrame, NextFramesKeepTheView)
 {
-    TestWindow window(80, 60);
-    CClientDC dc(&window);
-    BoardPainter painter;
+    BoardWindow host(80, 60);
+    auto& [window, dc, painter] = host;
     painter.DrawView(&window, &dc);
     painter.SetLogicalCenter(12, 20);
     painter.SetScale(0.5);
@@ -76,9 +75,8 @@ TEST(CKPainterFrame, NextFramesKeepTheView)
 
 TEST(CKPainterFrame, WithoutDataOnlyTheEndingIsDrawn)
 {
-    TestWindow window(80, 60);
-    CClientDC dc(&window);
-    BoardPainter painter;
+    BoardWindow host(80, 60);
+    auto& [window, dc, painter] = host;
     painter.hasData = 0;
     painter.SetBackgroundColorForTransparent(0x00FF00);
     painter.DrawView(&window, &dc);
@@ -107,22 +105,12 @@ TEST(CKPainterFrame, TransferTrace)
 
 TEST(CKPainterFrame, ExceptionOfAHookRestoresTheContext)
 {
-    TestWindow window(80, 60);
-    CClientDC dc(&window);
-    BoardPainter painter;
+    BoardWindow host(80, 60);
+    auto& [window, dc, painter] = host;
     painter.throwInBody = true;
     const DWORD objects = CountGdiObjects();
-    for (int round = 0; round < 2; ++round) {
-        try {
-            if (round == 0)
-                painter.DrawView(&window, &dc);
-            else
-                painter.Capture(&window, 20, 20, 0, 0, 5, 5);
-            FAIL() << "the hook's exception has to pass";
-        } catch (CInvalidArgException* exception) {
-            exception->Delete();
-        }
-    }
+    EXPECT_TRUE(Raises<CInvalidArgException>([&] { host.painter.DrawView(&host.window, &host.dc); }));
+    EXPECT_TRUE(Raises<CInvalidArgException>([&] { host.painter.Capture(&host.window, 20, 20, 0, 0, 5, 5); }));
     EXPECT_EQ(painter.IsFinishDraw(), 0);
     EXPECT_EQ(painter.GetSavedDC()->GetGraphicsMode(), GM_COMPATIBLE);
     DeleteObject(*painter.GetCaptureBitmap());
@@ -150,9 +138,9 @@ TEST(CKPainterFrame, ShapesAreDrawnInTheirColoursUnlessHidden)
 }
 
 /// A frame with content, and two arrays of shapes that cross it and each other.
-struct OverlayScene
+struct OverlayScene : BoardWindow
 {
-    OverlayScene() : window(120, 90), dc(&window)
+    OverlayScene() : BoardWindow(120, 90)
     {
         painter.SetBackgroundColorForTransparent(0x302010);
         painter.DrawView(&window, &dc);
@@ -162,15 +150,8 @@ struct OverlayScene
         box->SetData(-5, 25, 10, 30, 0.0f);
         second.Add(box);
     }
-    std::vector<uint32_t> Frame()
-    {
-        // A bitmap's pixels are read from outside; the frame's stays selected meanwhile.
-        return ReadPixels(*painter.GetSavedBitmap());
-    }
+    std::vector<uint32_t> Frame() { return ReadPixels(*painter.GetSavedBitmap()); }
 
-    TestWindow window;
-    CClientDC dc;
-    BoardPainter painter;
     CKGeomArray first, second;
 };
 
@@ -215,9 +196,8 @@ TEST(CKPainterFrame, OverlayWithoutAWindowTogglesTheShapes)
 
 TEST(CKPainterFrame, AThousandFramesLeaveNoObjects)
 {
-    TestWindow window(24, 18);
-    CClientDC dc(&window);
-    BoardPainter painter;
+    BoardWindow host(24, 18);
+    auto& [window, dc, painter] = host;
     painter.DrawView(&window, &dc);
     CKGeomArray shapes;
     shapes.Add(NewLine(0, 0, 20, 30, 0xFFFFFF));

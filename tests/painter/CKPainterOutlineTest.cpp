@@ -5,13 +5,13 @@
 
 namespace {
 
-/// The path calls of one builder, at 10 pixels to the millimetre unless told otherwise.
-std::string Built(const std::function<void(CKPainter&, CDC*)>& build, double k = 10.0)
+/// The path calls of one builder, at 10 pixels to the millimetre.
+std::string Built(const std::function<void(CKPainter&, CDC*)>& build)
 {
     Canvas canvas;
     CKPainter painter;
-    PlaceView(painter, k, 11, 13); // no builder may look at the centres
-    painter.SetBoardMirrorX(1);    // nor at the view's mirror
+    PlaceView(painter, 10.0, 11, 13); // no builder may look at the centres
+    painter.SetBoardMirrorX(1);       // nor at the view's mirror
     canvas.Get()->BeginPath();
     canvas.TakeTrace();
     build(painter, canvas.Get());
@@ -29,6 +29,9 @@ struct PathCase
     std::function<void(CKPainter&, CDC*)> build;
     const char* trace;
 };
+
+const char* const kRing =
+    "MoveTo 10 50\nArcTo 10 30 50 70 10 50 10 50\nMoveTo -10 50\nArcTo -10 10 70 90 -10 50 -10 50\n";
 
 const PathCase kFigures[] = {
     {"segment", [](CKPainter& p, CDC* dc) { p.AddLinePath(dc, 1, 2, 3, -4, 1); }, "MoveTo 10 20\nLineTo 30 -39\n"},
@@ -50,6 +53,25 @@ const PathCase kFigures[] = {
      "LineTo 60 30\nLineTo 60 70\nLineTo 40 70\nLineTo 40 30\nLineTo 60 30\n"},
     {"no width still makes two pixels", [](CKPainter& p, CDC* dc) { p.AddRectanglePath(dc, 5, 5, 0, 2, 0, 0, 1); },
      "MoveTo 49 60\nLineTo 51 60\nLineTo 51 40\nLineTo 49 40\nLineTo 49 60\n"},
+    // (10, 0) to (0, 10) turned is (0, 10) to (-10, 0); mirrored (0, 10) to (10, 0), clockwise; then moved.
+    {"an arc is placed before it is drawn",
+     [](CKPainter& p, CDC* dc) { p.AddArcPath(dc, 10, 0, 0, 10, 0, 0, 1, 20, 30, 90.0f, 0.0f, 1, 1); },
+     "MoveTo 200 400\nSetArcDirection 1\nArcTo 100 200 300 400 200 400 300 300\n"},
+    {"an arc without width continues the figure",
+     [](CKPainter& p, CDC* dc) { p.AddArcOutlinePath(dc, 10, 0, 0, 10, 0, 0, 0.0, 1, 0, 0, 0, 0, 0); },
+     "LineTo 100 0\nSetArcDirection 2\nArcTo -100 -100 100 100 100 0 0 100\n"},
+    {"a ring", [](CKPainter& p, CDC* dc) { p.AddArcOutlinePath(dc, 5, 3, 5, 3, 2, 3, 2.0, 1, 1, 2, 0, 0, 0); }, kRing},
+    {"a ring is not turned",
+     [](CKPainter& p, CDC* dc) { p.AddArcOutlinePath(dc, 5, 3, 5, 3, 2, 3, 2.0, 1, 1, 2, 90.0f, 0, 0); }, kRing},
+    // Tracks from (0, 0) to (10, 0): corners and caps as they lie on the board, on pixel centres.
+    {"a track of 2 mm", [](CKPainter& p, CDC* dc) { p.AddLineOutlinePath(dc, 0, 0, 10, 0, 2.0f, 0); },
+     "MoveTo -9 10\nLineTo -9 -9\nLineTo 110 -9\nLineTo 110 10\nLineTo -9 10\n"},
+    {"a track without width", [](CKPainter& p, CDC* dc) { p.AddLineOutlinePath(dc, 0, 0, 10, 0, 0.0f, 1); },
+     "MoveTo 0 0\nLineTo 100 0\n"},
+    // 40 pixels of cap radius are true arcs: clockwise on the board from (0, -4) over (-4, 0) to (0, 4).
+    {"a round track of 8 mm", [](CKPainter& p, CDC* dc) { p.AddLineOutlinePath(dc, 0, 0, 40, 0, 8.0f, 1); },
+     "MoveTo 0 -39\nSetArcDirection 1\nArcTo -40 -40 40 40 0 -39 0 40\n"
+     "LineTo 400 40\nSetArcDirection 1\nArcTo 360 -40 440 40 400 40 400 -39\nLineTo 0 -39\n"},
 };
 
 TEST(CKPainterOutline, Figures)
@@ -106,29 +128,6 @@ TEST(CKPainterOutline, ArcsBySize)
     for (const Case& c : cases)
         EXPECT_EQ(BuiltArc(c.radius, c.from, c.to, c.ccw), c.trace) << c.why;
     EXPECT_EQ(BuiltArc(4, 0, 90, 1, 0), "LineTo 140 0\nSetArcDirection 2\nArcTo 60 -40 140 40 140 0 100 40\n");
-}
-
-TEST(CKPainterOutline, ArcIsPlacedBeforeItIsDrawn)
-{
-    // (10, 0) to (0, 10) turned by 90 degrees is (0, 10) to (-10, 0); mirrored (0, 10) to (10, 0), clockwise; then
-    // moved.
-    const std::string trace =
-        Built([](CKPainter& p, CDC* dc) { p.AddArcPath(dc, 10, 0, 0, 10, 0, 0, 1, 20, 30, 90.0f, 0.0f, 1, 1); });
-    EXPECT_EQ(trace, "MoveTo 200 400\nSetArcDirection 1\nArcTo 100 200 300 400 200 400 300 300\n");
-}
-
-// Tracks of 2 mm from (0, 0) to (10, 0), corners and caps as they lie on the board. All of the points sit on pixel
-// centres of 10 per mm and stay there under the 1e-6 mm of single-precision angles.
-TEST(CKPainterOutline, Tracks)
-{
-    EXPECT_EQ(Built([](CKPainter& p, CDC* dc) { p.AddLineOutlinePath(dc, 0, 0, 10, 0, 2.0f, 0); }),
-              "MoveTo -9 10\nLineTo -9 -9\nLineTo 110 -9\nLineTo 110 10\nLineTo -9 10\n");
-    EXPECT_EQ(Built([](CKPainter& p, CDC* dc) { p.AddLineOutlinePath(dc, 0, 0, 10, 0, 0.0f, 1); }),
-              "MoveTo 0 0\nLineTo 100 0\n");
-    // 40 pixels of cap radius: true arcs. Clockwise on the board from (0, -1) over (-1, 0) to (0, 1).
-    EXPECT_EQ(Built([](CKPainter& p, CDC* dc) { p.AddLineOutlinePath(dc, 0, 0, 10, 0, 2.0f, 1); }, 40.0),
-              "MoveTo 0 -39\nSetArcDirection 1\nArcTo -40 -40 40 40 0 -39 0 40\n"
-              "LineTo 400 40\nSetArcDirection 1\nArcTo 360 -40 440 40 400 40 400 -39\nLineTo 0 -39\n");
 }
 
 /// The path filled at 6 pixels to the millimetre, the board's origin in the middle of 240 x 240 pixels with y up.
@@ -216,24 +215,6 @@ TEST(CKPainterOutline, ThickArcsCoverWhatTheyShould)
         EXPECT_EQ(wrong, 0) << arc.why;
         EXPECT_GT(inside, 500) << arc.why;
     }
-}
-
-TEST(CKPainterOutline, RingIsNotTurned)
-{
-    for (const float angle : {0.0f, 90.0f}) {
-        const std::string trace =
-            Built([=](CKPainter& p, CDC* dc) { p.AddArcOutlinePath(dc, 5, 3, 5, 3, 2, 3, 2.0, 1, 1, 2, angle, 0, 0); });
-        EXPECT_EQ(trace, "MoveTo 10 50\nArcTo 10 30 50 70 10 50 10 50\n"
-                         "MoveTo -10 50\nArcTo -10 10 70 90 -10 50 -10 50\n")
-            << angle;
-    }
-}
-
-TEST(CKPainterOutline, ThinArcContinuesTheFigure)
-{
-    const std::string trace =
-        Built([](CKPainter& p, CDC* dc) { p.AddArcOutlinePath(dc, 10, 0, 0, 10, 0, 0, 0.0, 1, 0, 0, 0, 0, 0); });
-    EXPECT_EQ(trace, "LineTo 100 0\nSetArcDirection 2\nArcTo -100 -100 100 100 100 0 0 100\n");
 }
 
 } // namespace

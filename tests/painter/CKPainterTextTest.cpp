@@ -5,20 +5,28 @@
 
 namespace {
 
-/// Canvas text settings that no painter sets, and how they look when they are put back.
-void SetOwnText(Canvas& canvas, CFont& font)
+/// A canvas with text settings that no painter makes, and a painter with the origin at pixel (100, 50), 10 to the
+/// millimetre.
+struct TextScene : Canvas
 {
-    LOGFONTA record = {};
-    record.lfHeight = -9;
-    std::copy_n("Own", 4, record.lfFaceName);
-    font.CreateFontIndirect(&record);
-    canvas.Get()->SelectObject(&font);
-    canvas.Get()->SetBkMode(TRANSPARENT);
-    canvas.Get()->SetBkColor(0x010203);
-    canvas.Get()->SetTextColor(0x040506);
-    canvas.Get()->SetTextAlign(TA_RIGHT);
-    canvas.TakeTrace();
-}
+    TextScene() : Canvas(200, 100)
+    {
+        LOGFONTA record = {};
+        record.lfHeight = -9;
+        std::copy_n("Own", 4, record.lfFaceName);
+        own.CreateFontIndirect(&record);
+        Get()->SelectObject(&own);
+        Get()->SetBkMode(TRANSPARENT);
+        Get()->SetBkColor(0x010203);
+        Get()->SetTextColor(0x040506);
+        Get()->SetTextAlign(TA_RIGHT);
+        TakeTrace();
+        PlaceView(painter, 10.0, 100, 50);
+    }
+
+    CFont own;
+    CKPainter painter;
+};
 
 const std::string kOwnFont = "SelectFont -9 0 \"Own\"\n";
 
@@ -44,13 +52,9 @@ const AngleCase kAngles[] = {
 TEST(CKPainterText, WindowFontTextStepByStep)
 {
     for (const AngleCase& c : kAngles) {
-        Canvas canvas(200, 100);
-        CFont own;
-        SetOwnText(canvas, own);
-        CKPainter painter;
-        PlaceView(painter, 10.0, 100, 50);
-        painter.SetBoardMirrorX(c.mirror);
-        painter.DrawWindowFontText(canvas.Get(), 1, 0x0000FF, "R1", 1.0, 3.0, 2.0, c.angle);
+        TextScene canvas;
+        canvas.painter.SetBoardMirrorX(c.mirror);
+        canvas.painter.DrawWindowFontText(canvas.Get(), 1, 0x0000FF, "R1", 1.0, 3.0, 2.0, c.angle);
         // 10 points at 96 pixels to the inch are 13.33 pixels.
         EXPECT_EQ(canvas.TakeTrace(), "SelectFont -13 -13 \"Tahoma\"\nSetBkMode 1\nSetTextColor 0x0000FF\n"
                                       "SetTextAlign 14\nSetGraphicsMode 2\nSetWorldTransform " +
@@ -63,11 +67,8 @@ TEST(CKPainterText, WindowFontTextStepByStep)
 
 TEST(CKPainterText, OpaqueTextRestoresTheBackgroundColour)
 {
-    Canvas canvas(200, 100);
-    CFont own;
-    SetOwnText(canvas, own);
-    CKPainter painter;
-    PlaceView(painter, 10.0, 100, 50);
+    TextScene canvas;
+    CKPainter& painter = canvas.painter;
     painter.SetBackgroundColorForReplacement(0x00AA00);
     const DWORD objects = CountGdiObjects();
     painter.DrawWindowFontText(canvas.Get(), 0, 0x0000FF, "R1", 0.3, 3.0, 2.0, 0.0f);
@@ -84,11 +85,8 @@ TEST(CKPainterText, OpaqueTextRestoresTheBackgroundColour)
 
 TEST(CKPainterText, DrawTextALeavesItsSettings)
 {
-    Canvas canvas(200, 100);
-    CFont own;
-    SetOwnText(canvas, own);
-    CKPainter painter;
-    PlaceView(painter, 10.0, 100, 50);
+    TextScene canvas;
+    CKPainter& painter = canvas.painter;
     const DWORD objects = CountGdiObjects();
     painter.DrawTextA(canvas.Get(), 0x0000FF, "R1", 3.0, 2.0, 99.0, 99);
     const std::string before =
@@ -100,7 +98,7 @@ TEST(CKPainterText, DrawTextALeavesItsSettings)
     painter.DrawTextA(canvas.Get(), 0x0000FF, "R1", 3.0, 2.0, 99.0, 99);
     EXPECT_EQ(canvas.TakeTrace(), before + "DrawText \"R1\" 130 80 130 80 288\nSetWorldTransform -1 0 0 -1 100 50\n");
     EXPECT_EQ(CountGdiObjects(), objects + 1) << "the last font alone, still selected";
-    canvas.Get()->SelectObject(&own);
+    canvas.Get()->SelectObject(&canvas.own);
     EXPECT_EQ(CountGdiObjects(), objects);
 }
 
@@ -156,19 +154,13 @@ TEST(CKPainterText, HostileHeightsAndEmptyTexts)
 
 TEST(CKPainterText, SizeIsMeasuredInTheDefaultFont)
 {
-    Canvas canvas;
-    CFont own;
-    SetOwnText(canvas, own);
-    CKPainter painter;
+    TextScene canvas;
     const HDC memory = CreateCompatibleDC(nullptr);
     SIZE extent = {};
     GetTextExtentPointA(memory, "Mark", 4, &extent);
     DeleteDC(memory);
-    for (CDC* dc : {canvas.Get(), static_cast<CDC*>(nullptr)}) {
-        const KPointD size = painter.GetTextSize(dc, "Mark");
-        EXPECT_EQ(size.x, extent.cx);
-        EXPECT_EQ(size.y, extent.cy);
-    }
+    for (CDC* dc : {canvas.Get(), static_cast<CDC*>(nullptr)})
+        EXPECT_EQ(At(canvas.painter.GetTextSize(dc, "Mark")), XY(extent.cx, extent.cy));
 }
 
 } // namespace

@@ -53,8 +53,7 @@ TEST(CKPainterView, RoundsOnePixelPerMillimetre)
         EXPECT_EQ(painter.GetTranslatedPhysicalCoord(0.0, -c.value).y, c.floored) << c.why;
     }
     EXPECT_EQ(painter.TranslateCoordX(-2.6f), -2);
-    EXPECT_EQ(painter.TranslateCoord(2.5, -3.4).x, 3);
-    EXPECT_EQ(painter.TranslateCoord(2.5, -3.4).y, -2);
+    EXPECT_EQ(At(painter.TranslateCoord(2.5, -3.4)), XY(3, -2));
 }
 
 TEST(CKPainterView, ScreenGivesThePixelsPerMillimetre)
@@ -82,9 +81,7 @@ TEST(CKPainterView, PixelsLeadBackToThemselves)
 
         CPoint pixel(int(between(-2000, 2000)), int(between(-2000, 2000)));
         const KPointD board = painter.GetLogicalCoordFromPhysicalCoord(pixel);
-        const KPoint back = painter.GetTranslatedPhysicalCoord(board.x, board.y);
-        EXPECT_EQ(back.x, pixel.x) << round;
-        EXPECT_EQ(back.y, pixel.y) << round;
+        EXPECT_EQ(At(painter.GetTranslatedPhysicalCoord(board.x, board.y)), At(pixel)) << round;
         EXPECT_EQ(painter.GetLogicalCoordFromPhysicalCoordX(pixel.x), board.x);
         EXPECT_EQ(painter.GetLogicalCoordFromPhysicalCoordY(pixel.y), board.y);
 
@@ -103,12 +100,8 @@ TEST(CKPainterView, MirroredCentreHoldsTheNegatedBoardPoint)
     PlaceView(painter, 4.0, 400, 300);
     painter.SetBoardMirrorX(1);
     painter.SetLogicalCenter(-10.0, 20.0);
-    const KPoint pixel = painter.GetTranslatedPhysicalCoord(10.0, 20.0);
-    EXPECT_EQ(pixel.x, 400);
-    EXPECT_EQ(pixel.y, 300);
-    const KPointD board = painter.GetLogicalCoordFromPhysicalCoord(400, 300);
-    EXPECT_EQ(board.x, 10.0);
-    EXPECT_EQ(board.y, 20.0);
+    EXPECT_EQ(At(painter.GetTranslatedPhysicalCoord(10.0, 20.0)), XY(400, 300));
+    EXPECT_EQ(At(painter.GetLogicalCoordFromPhysicalCoord(400, 300)), XY(10, 20));
     // Positions at both ends of int: the difference needs 33 bits.
     EXPECT_GT(painter.GetLogicalCoordFromPhysicalCoordY(INT_MIN), 5.3e8);
 }
@@ -153,10 +146,7 @@ TEST(CKPainterView, VisibleRectangleAndOverlap)
     PlaceView(painter, 2.0, 7, 9); // where the centre is shown does not matter
     painter.SetLogicalCenter(10.0, 5.0);
     painter.UpdateLogicalScreenSide(40, 20);
-    EXPECT_EQ(painter.GetLogicalScreenLeft(), 0.0);
-    EXPECT_EQ(painter.GetLogicalScreenRight(), 20.0);
-    EXPECT_EQ(painter.GetLogicalScreenBottom(), 0.0);
-    EXPECT_EQ(painter.GetLogicalScreenTop(), 10.0);
+    EXPECT_EQ(LogicalScreen(painter), std::pair(XY(0, 0), XY(20, 10)));
     EXPECT_EQ(painter.GetLogicalRateFromPhysicalRate(5), 2.5);
 
     struct Case
@@ -183,8 +173,7 @@ TEST(CKPainterView, VisibleRectangleAndOverlap)
 
     painter.SetBoardMirrorX(1);
     painter.UpdateLogicalScreenSide(40, 20);
-    EXPECT_EQ(painter.GetLogicalScreenLeft(), -20.0);
-    EXPECT_EQ(painter.GetLogicalScreenRight(), 0.0);
+    EXPECT_EQ(LogicalScreen(painter), std::pair(XY(-20, 0), XY(0, 10)));
 }
 
 TEST(CKPainterView, PanningKeepsAnEmptyCentre)
@@ -193,8 +182,7 @@ TEST(CKPainterView, PanningKeepsAnEmptyCentre)
     PlaceView(painter, 4.0);
     painter.SetScale(0.5);
     painter.MovedOriginByPhysicalDistance(8, 6);
-    EXPECT_EQ(painter.GetLogicalCenterX(), -4.0);
-    EXPECT_EQ(painter.GetLogicalCenterY(), 3.0);
+    EXPECT_EQ(LogicalCenter(painter), XY(-4, 3));
 
     painter.EnableSimpleDraw();
     painter.Init();
@@ -247,8 +235,7 @@ TEST(CKPainterView, FitsAnArea)
         painter.SetScale(77.0);
         painter.ZoomArea(800, 600, 3.0, -2.0, c.width, c.height, 0.9);
         EXPECT_EQ(painter.GetScale(), c.scale ? c.scale : 77.0) << c.why;
-        EXPECT_EQ(painter.GetLogicalCenterX(), c.scale ? 3.0 : 0.0) << c.why;
-        EXPECT_EQ(painter.GetLogicalCenterY(), c.scale ? -2.0 : 0.0) << c.why;
+        EXPECT_EQ(LogicalCenter(painter), c.scale ? XY(3, -2) : XY(0, 0)) << c.why;
         EXPECT_EQ(painter.GetLogicalScreenRight() > 0.0, c.scale != 0.0) << c.why;
     }
 }
@@ -260,8 +247,7 @@ TEST(CKPainterView, FitsCornersInAnyOrder)
         CKPainter painter;
         PlaceView(painter, 1.0);
         painter.ZoomAreaByMinMax(40, 40, o[0], o[1], o[2], o[3], 1.0);
-        EXPECT_EQ(painter.GetLogicalCenterX(), 3.0);
-        EXPECT_EQ(painter.GetLogicalCenterY(), 2.0);
+        EXPECT_EQ(LogicalCenter(painter), XY(3, 2));
         EXPECT_EQ(painter.GetScale(), 10.0); // 40 pixels for an extent of 4
     }
 }
@@ -275,9 +261,7 @@ TEST(CKPainterView, FitsAPixelBoxMirroredOrNot)
         painter.SetLogicalCenter(mirror ? -50.0 : 50.0, 20.0);
         const KPointD board = painter.GetLogicalCoordFromPhysicalCoord(500, 200);
         painter.ZoomAreaByPhysicalSize(800, 600, 500, 200, 80, 40, 1.0);
-        const KPoint shown = painter.GetTranslatedPhysicalCoord(board.x, board.y);
-        EXPECT_EQ(shown.x, 400) << "mirror " << mirror;
-        EXPECT_EQ(shown.y, 300) << "mirror " << mirror;
+        EXPECT_EQ(At(painter.GetTranslatedPhysicalCoord(board.x, board.y)), XY(400, 300)) << "mirror " << mirror;
         EXPECT_EQ(painter.GetScale(), 10.0); // 80 pixels, that is 20 mm, now fill 800
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "painter/CKPainter.h"
+#include "support/Coordinates.h"
 
 #include <afxcoll.h>
 #include <afxwin.h>
@@ -113,6 +114,23 @@ inline void PlaceView(CKPainter& painter, double k, int x = 0, int y = 0)
     painter.SetScale(1.0);
     painter.SetLogicalCenter(0.0, 0.0);
     painter.SetPhysicalCenter(x, y);
+}
+
+inline XY LogicalCenter(CKPainter& painter)
+{
+    return {painter.GetLogicalCenterX(), painter.GetLogicalCenterY()};
+}
+
+inline XY PhysicalCenter(CKPainter& painter)
+{
+    return {painter.GetPhysicalCenterX(), painter.GetPhysicalCenterY()};
+}
+
+/// The lower left and the upper right corner of what the view shows, in millimetres.
+inline std::pair<XY, XY> LogicalScreen(CKPainter& painter)
+{
+    return {{painter.GetLogicalScreenLeft(), painter.GetLogicalScreenBottom()},
+            {painter.GetLogicalScreenRight(), painter.GetLogicalScreenTop()}};
 }
 
 /// The pixels of a 32-bit bitmap.
