@@ -59,6 +59,7 @@ void ExpectCutsKeepOrder(const Bytes& record, const Shape& before, const Shape& 
         ASSERT_EQ(shape.GetOffsetX(), size >= 12 ? 1.5 : 0) << size;
         ASSERT_EQ(shape.GetOffsetY(), size >= 20 ? -2 : 0) << size;
         ASSERT_EQ(shape.GetMinMax().GetX2(), size >= 48 ? 10 : 0) << size;
+        ASSERT_EQ(shape.GetMinMax().GetY2(), size >= 56 ? 10 : 0) << size;
     }
 }
 

@@ -251,23 +251,12 @@ TEST(CKGeomContainer, VersionsAndCountsAreSigned)
     }
 }
 
-namespace {
-
-/// A host's container that knows a kind of its own.
-class HostContainer : public CKGeomContainer
-{
-public:
-    CKGeom* NewCKGeom(int type) override
-    {
-        return type == 0 ? new CKGeomCircle(7, 7, 7) : CKGeomContainer::NewCKGeom(type);
-    }
-};
-
-} // namespace
-
 TEST(CKGeomContainer, DerivedFactoriesTakePart)
 {
-    HostContainer container;
+    struct HostContainer : CKGeomContainer
+    {
+        CKGeom* NewCKGeom(int) override { return new CKGeomCircle(7, 7, 7); }
+    } container;
     const Bytes bytes = Record().I(1).I(1).I(0).Header(1, 2, 3, 4, 5, 6).bytes;
     EXPECT_EQ(Load(container, bytes).consumed, bytes.size());
     EXPECT_EQ(dynamic_cast<CKGeomCircle&>(*container.GetAt(0)).GetRadius(), 7);

@@ -42,16 +42,3 @@ TEST(CKTwoPointD, RecordIsVersionAndFourDoubles)
         EXPECT_EQ(read == (version > 0 ? CKTwoPointD(9, 9, 9, 9) : CKTwoPointD(1, 2, 3, 4)), 1) << version;
     }
 }
-
-TEST(CKTwoPointD, EveryCutKeepsWhatWasReadBefore)
-{
-    const Bytes record = Record().I(1).D(5).D(6).D(7).D(8).bytes;
-    for (size_t size = 0; size < record.size(); ++size) {
-        CKTwoPointD points(1, 2, 3, 4);
-        EXPECT_EQ(Load(points, Bytes(record.begin(), record.begin() + long(size))).cause, CArchiveException::endOfFile);
-        EXPECT_EQ(points.GetX1(), size >= 12 ? 5 : 1) << size;
-        EXPECT_EQ(points.GetY1(), size >= 20 ? 6 : 2) << size;
-        EXPECT_EQ(points.GetX2(), size >= 28 ? 7 : 3) << size;
-        EXPECT_EQ(points.GetY2(), 4) << size;
-    }
-}

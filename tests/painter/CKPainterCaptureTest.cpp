@@ -124,18 +124,4 @@ TEST(CKPainterCapture, BackgroundPutsBackItsPenAndBrush)
     EXPECT_EQ(GetCurrentObject(memory, OBJ_BRUSH), GetStockObject(WHITE_BRUSH));
 }
 
-TEST(CKPainterCapture, AThousandCapturesLeaveOnlyTheHostsBitmaps)
-{
-    TestWindow window(20, 20);
-    BoardPainter painter;
-    painter.Capture(&window);
-    const DWORD objects = CountGdiObjects();
-    for (int i = 0; i < 1000; ++i) {
-        painter.Capture(&window);
-        painter.Capture(&window, 8, 8, 0, 0, 20, 20);
-        DeleteObject(*painter.GetCaptureBitmap());
-    }
-    EXPECT_EQ(CountGdiObjects(), objects);
-}
-
 } // namespace

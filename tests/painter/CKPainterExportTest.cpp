@@ -37,7 +37,9 @@ TEST_F(CKPainterExport, ColourBitmapFile)
     RecordingApp app;
     TestWindow window(10, 10);
     const HBITMAP bitmap = CapturedHalves(window, 0, 100, 50);
+    const DWORD objects = CountGdiObjects();
     CKPainter().SaveToBMP(Path("a.bmp").c_str(), bitmap);
+    EXPECT_EQ(CountGdiObjects(), objects);
     DeleteObject(bitmap);
     const std::vector<uint8_t> file = Read("a.bmp");
     ASSERT_EQ(file.size(), 14u + 40 + 4 + 20000);
@@ -91,6 +93,7 @@ TEST_F(CKPainterExport, FailuresShowMessages)
     TestWindow window(10, 10);
     const HBITMAP bitmap = CapturedHalves(window, 0, 8, 8);
     CKPainter painter;
+    const DWORD objects = CountGdiObjects();
     painter.SaveToBMP(Path("missing/a.bmp").c_str(), bitmap);
     painter.SaveToJPG(Path("missing/a.jpg").c_str(), bitmap);
     const std::string notCreated = "CKPainter::WriteDIB, INVALID_HANDLE_VALUE";
@@ -105,6 +108,7 @@ TEST_F(CKPainterExport, FailuresShowMessages)
         painter.SaveToBMP("/dev/full", bitmap);
         EXPECT_EQ(app.messages, std::vector<std::string>{"CKPainter::WriteDIB, 1st Try WriteFile"});
     }
+    EXPECT_EQ(CountGdiObjects(), objects);
     DeleteObject(bitmap);
 }
 
@@ -128,20 +132,6 @@ TEST_F(CKPainterExport, Clipboard)
     EXPECT_EQ(app.messages, std::vector<std::string>{"Zoom ratio exceeded allowable range to capture."});
     EXPECT_EQ(IsClipboardFormatAvailable(CF_BITMAP), FALSE);
     DeleteObject(second);
-}
-
-TEST_F(CKPainterExport, ExportsLeaveNoObjects)
-{
-    TestWindow window(10, 10);
-    const HBITMAP bitmap = CapturedHalves(window, 0, 8, 8);
-    CKPainter painter;
-    const DWORD objects = CountGdiObjects();
-    for (int i = 0; i < 40; ++i) {
-        painter.SaveToBMP(Path("a.bmp").c_str(), bitmap);
-        painter.SaveToJPG(Path("a.jpg").c_str(), bitmap);
-    }
-    EXPECT_EQ(CountGdiObjects(), objects);
-    DeleteObject(bitmap);
 }
 
 } // namespace

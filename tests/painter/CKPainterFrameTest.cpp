@@ -194,7 +194,7 @@ TEST(CKPainterFrame, OverlayWithoutAWindowTogglesTheShapes)
     BoardPainter().DrawGeomsAndDrawSavedDC(&scene.window, &scene.first, &scene.second); // no frame: nothing to do
 }
 
-TEST(CKPainterFrame, AThousandFramesLeaveNoObjects)
+TEST(CKPainterFrame, AThousandFramesAndCapturesLeaveNoObjects)
 {
     BoardWindow host(24, 18);
     auto& [window, dc, painter] = host;
@@ -205,6 +205,9 @@ TEST(CKPainterFrame, AThousandFramesLeaveNoObjects)
     for (int i = 0; i < 1000; ++i) {
         painter.DrawView(&window, &dc);
         painter.DrawGeomsAndDrawSavedDC(&window, &shapes, nullptr);
+        painter.Capture(&window);
+        painter.Capture(&window, 8, 8, 0, 0, 20, 20);
+        DeleteObject(*painter.GetCaptureBitmap()); // the host's own
     }
     EXPECT_EQ(CountGdiObjects(), objects);
 }
