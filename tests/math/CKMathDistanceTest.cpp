@@ -2,37 +2,30 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cfloat>
 #include <cmath>
 #include <random>
-#include <utility>
 
 namespace {
 
-/// Points of a small whole grid, so that touching, collinear and zero-length segments are common and everything that
+/// Two segments on a small whole grid, so that touching, collinear and zero-length ones are common and everything that
 /// the orientation test computes is exact.
-struct GridSegments
+std::array<double, 8> GridSegments(std::mt19937& random)
 {
-    explicit GridSegments(unsigned seed) : random(seed) {}
-    void Next()
-    {
-        for (double& value : c)
-            value = coordinate(random);
-    }
-    bool IsPoint(int first) const { return c[first] == c[first + 2] && c[first + 1] == c[first + 3]; }
+    std::array<double, 8> c;
+    for (double& value : c)
+        value = int(random() % 9) - 4;
+    return c;
+}
 
-    std::mt19937 random;
-    std::uniform_int_distribution<int> coordinate{-4, 4};
-    double c[8] = {};
-};
-
-double DistanceOf(const double* c)
+double DistanceOf(const std::array<double, 8>& c)
 {
     return CKMath::GetDistance(c[0], c[1], c[2], c[3], c[4], c[5], c[6], c[7]);
 }
 
 /// The distance of P from P1-P2 by trying points of the segment; at most half a step of |P2 - P1| / n too large.
-double TriedDistance(const double* s, double px, double py, int n)
+double TriedDistance(const std::array<double, 8>& s, double px, double py, int n)
 {
     double best = DBL_MAX;
     for (int i = 0; i <= n; ++i) {
@@ -72,10 +65,9 @@ TEST(CKMathDistance, OfAPointFromASegment)
     }
     EXPECT_EQ(CKMath::GetDistance(1, 1, 1, 1, 4, 5), 5) << "a segment of no length";
 
-    GridSegments grid(7);
+    std::mt19937 random(7);
     for (int round = 0; round < 300; ++round) {
-        grid.Next();
-        const double* c = grid.c;
+        const std::array<double, 8> c = GridSegments(random);
         const double tried = TriedDistance(c, c[4], c[5], 400);
         const double distance = CKMath::GetDistance(c[0], c[1], c[2], c[3], c[4], c[5]);
         ASSERT_LE(distance, tried + 1e-14);
@@ -88,16 +80,14 @@ TEST(CKMathDistance, OfSegmentsFollowsItsLaws)
     EXPECT_EQ(CKMath::GetDistance(0, 0, 4, 0, 1, 3, 9, 3), 3) << "parallel";
     EXPECT_EQ(CKMath::GetDistance(0, 0, 0, 0, 3, 4, 3, 4), 5) << "two points";
 
-    GridSegments grid(8);
+    std::mt19937 random(8);
     for (int round = 0; round < 2000; ++round) {
-        grid.Next();
-        const double* c = grid.c;
+        const std::array<double, 8> c = GridSegments(random);
         const double distance = DistanceOf(c);
-        const double swapped[] = {c[4], c[5], c[6], c[7], c[0], c[1], c[2], c[3]};
-        const double reversed[] = {c[2], c[3], c[0], c[1], c[4], c[5], c[6], c[7]};
-        ASSERT_EQ(DistanceOf(swapped), distance);
-        ASSERT_NEAR(DistanceOf(reversed), distance, 1e-14); // the projection runs from the other end
-        if (!grid.IsPoint(0) && !grid.IsPoint(4)) {
+        ASSERT_EQ(DistanceOf({c[4], c[5], c[6], c[7], c[0], c[1], c[2], c[3]}), distance);
+        // Reversed, the projection runs from the other end.
+        ASSERT_NEAR(DistanceOf({c[2], c[3], c[0], c[1], c[4], c[5], c[6], c[7]}), distance, 1e-14);
+        if ((c[0] != c[2] || c[1] != c[3]) && (c[4] != c[6] || c[5] != c[7])) {
             const int meets = CKMath::IsIntersectLineToLine(c[0], c[1], c[2], c[3], c[4], c[5], c[6], c[7]);
             ASSERT_EQ(meets, distance == 0.0) << "segments of whole points that do not meet are at least 0.01 apart";
             ASSERT_EQ(CKMath::IsIntersectLineToLine(c[4], c[5], c[6], c[7], c[2], c[3], c[0], c[1]), meets);

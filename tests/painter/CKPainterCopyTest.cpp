@@ -43,12 +43,24 @@ TEST(CKPainterEvents, ArrayLivesFromTheFirstShape)
     EXPECT_EQ(CountedShape::alive, 0) << "the painter frees what it still has";
 }
 
+/// A window that has been drawn in, which left a pen and a brush in its context, and the objects there are since.
+struct Scene
+{
+    Scene() : window(30, 20), dc(&window)
+    {
+        BoardPainter().DrawView(&window, &dc);
+        objects = CountGdiObjects();
+    }
+
+    TestWindow window;
+    CClientDC dc;
+    DWORD objects;
+};
+
 TEST(CKPainterCopy, CopiesShareAndTheLastOneFrees)
 {
-    TestWindow window(30, 20);
-    CClientDC dc(&window);
-    BoardPainter().DrawView(&window, &dc); // leaves a pen and a brush in the window's context
-    const DWORD objects = CountGdiObjects();
+    Scene scene;
+    auto& [window, dc, objects] = scene;
 
     auto first = std::make_unique<BoardPainter>();
     first->DrawView(&window, &dc);
@@ -88,10 +100,8 @@ TEST(CKPainterCopy, CopiesShareAndTheLastOneFrees)
 
 TEST(CKPainterCopy, SettersOnlyStoreThePointer)
 {
-    TestWindow window(30, 20);
-    CClientDC dc(&window);
-    BoardPainter().DrawView(&window, &dc); // leaves a pen and a brush in the window's context
-    const DWORD objects = CountGdiObjects();
+    Scene scene;
+    auto& [window, dc, objects] = scene;
     {
         BoardPainter painter;
         painter.DrawView(&window, &dc);
@@ -101,15 +111,6 @@ TEST(CKPainterCopy, SettersOnlyStoreThePointer)
         EXPECT_NE(frame->GetPixel(0, 0), CLR_INVALID) << "not deleted: the copy has it";
         delete painter.GetSavedDC();
         painter.SetSavedDC(frame); // two painters hold it again, and it is freed once
-    }
-    {
-        BoardPainter painter;
-        painter.DrawView(&window, &dc);
-        std::unique_ptr<CDC> mine(painter.GetSavedDC());
-        std::unique_ptr<CBitmap> bitmap(painter.GetSavedBitmap());
-        painter.SetSavedDC(nullptr);
-        painter.SetSavedBitmap(nullptr);
-        mine.reset(); // before the bitmap it holds
     }
     EXPECT_EQ(CountGdiObjects(), objects);
 }

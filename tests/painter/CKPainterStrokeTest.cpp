@@ -56,16 +56,16 @@ TEST(CKPainterStroke, CirclesRectanglesAndCrosses)
     p.DrawCircleNoWorldTransform(s.dc, kRed, 3, 5, 4, 0);
     s.Expect("MoveTo 102 46\nArcTo 102 43 108 49 102 46 102 46\n", 0, "device circle");
 
-    // Width 3: half is T(1.5) = 2 in one way and 3 / 2 = 1 in the other.
-    const std::string box = "MoveTo 3 2\nLineTo 7 2\nLineTo 7 6\nLineTo 3 6\nLineTo 3 2\n";
-    p.DrawRectangle(s.dc, kRed, 5, 4, 3, 3, 0);
+    // Halves of 3 and 5 are T(1.5) = 2 and T(2.5) = 3 in one way, 3 / 2 = 1 and 5 / 2 = 2 in the other.
+    const std::string box = "MoveTo 3 1\nLineTo 7 1\nLineTo 7 7\nLineTo 3 7\nLineTo 3 1\n";
+    p.DrawRectangle(s.dc, kRed, 5, 4, 3, 5, 0);
     s.Expect(box, 0, "box");
-    p.DrawRectangle(s.dc, kRed, 5, 4, 3, 3, 1);
+    p.DrawRectangle(s.dc, kRed, 5, 4, 3, 5, 1);
     EXPECT_EQ(s.TakeTrace(), Filled(box, "0x0000FF"));
-    p.DrawRectangleWithIntPenWidth(s.dc, kRed, 5, 4, 3, 3, 0, 6);
+    p.DrawRectangleWithIntPenWidth(s.dc, kRed, 5, 4, 3, 5, 0, 6);
     s.Expect(box, 6, "box with a pen");
-    p.DrawRectangleNoWorldTransform(s.dc, kRed, 5, 4, 3, 3, 0);
-    s.Expect("MoveTo 104 45\nLineTo 106 45\nLineTo 106 47\nLineTo 104 47\nLineTo 104 45\n", 0, "device box");
+    p.DrawRectangleNoWorldTransform(s.dc, kRed, 5, 4, 3, 5, 0);
+    s.Expect("MoveTo 104 44\nLineTo 106 44\nLineTo 106 48\nLineTo 104 48\nLineTo 104 44\n", 0, "device box");
 
     p.DrawCross(s.dc, kRed, 10, 20, 5);
     s.Expect("MoveTo 8 20\nLineTo 12 20\nMoveTo 10 18\nLineTo 10 22\n", 0, "size 5 has arms of 2");

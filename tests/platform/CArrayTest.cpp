@@ -5,34 +5,22 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <random>
 #include <vector>
 
 namespace {
 
-/// An element that owns memory and counts itself, so that a lost, doubled or unborn element shows.
-class Tracked
+/// An element that owns memory and is counted, so that a lost, doubled or unborn element shows.
+struct Tracked
 {
-public:
-    Tracked() : Tracked(0) {}
-    explicit Tracked(int value) : m_value(new int(value)) { ++alive; }
-    Tracked(const Tracked& other) : Tracked(*other.m_value) {}
-    Tracked& operator=(const Tracked& other)
-    {
-        *m_value = *other.m_value;
-        return *this;
-    }
-    ~Tracked()
-    {
-        delete m_value;
-        --alive;
-    }
-    operator int() const { return *m_value; }
+    explicit Tracked(int v = 0) : value(v) {}
+    operator int() const { return value; }
+    static int Alive() { return int(counter.use_count()) - 1; }
 
-    static inline int alive = 0;
-
-private:
-    int* m_value;
+    static inline const std::shared_ptr<int> counter = std::make_shared<int>();
+    int value;
+    std::shared_ptr<int> share = counter;
 };
 
 template <class T>
@@ -122,9 +110,7 @@ void RunRandomOperations(unsigned seed)
         ExpectSame(array, model, step);
         if (::testing::Test::HasFatalFailure())
             return;
-        if (std::is_same_v<T, Tracked>) {
-            ASSERT_EQ(Tracked::alive, int(model.size())) << "step " << step;
-        }
+        ASSERT_EQ(Tracked::Alive(), (std::is_same_v<T, Tracked> ? int(model.size()) : 0)) << "step " << step;
     }
 }
 
@@ -134,7 +120,7 @@ TEST(CArray, BehavesAsAVector)
         SCOPED_TRACE(seed);
         RunRandomOperations<int>(seed);
         RunRandomOperations<Tracked>(seed);
-        EXPECT_EQ(Tracked::alive, 0);
+        EXPECT_EQ(Tracked::Alive(), 0);
     }
 }
 
