@@ -156,19 +156,14 @@ TEST(CKGeomArchive, EveryCutRaisesAndKeepsWhatWasRead)
 
 TEST(CKGeomArchive, TextsOfAllLengthsAndForms)
 {
-    struct Case
-    {
-        size_t length;
-        size_t prefix; // 1 byte below 255, then the byte 0xFF and 2 more
-    };
-    const Case cases[] = {{0, 1}, {254, 1}, {255, 3}, {300, 3}};
-    for (const Case& c : cases) {
-        CKGeomText text(std::string(c.length, 'x').c_str());
+    for (size_t length : {0, 254, 255, 300}) {
+        CKGeomText text(std::string(length, 'x').c_str());
         const Bytes bytes = Stored(text);
-        EXPECT_EQ(bytes.size(), 80 + c.prefix + c.length) << c.length;
+        // The length takes 1 byte below 255, then the byte 0xFF and 2 more.
+        EXPECT_EQ(bytes.size(), 80 + (length < 255 ? 1 : 3) + length);
         CKGeomText loaded("old");
         EXPECT_EQ(Load(loaded, bytes).cause, CArchiveException::none);
-        EXPECT_EQ(loaded == text, 1) << c.length;
+        EXPECT_EQ(loaded == text, 1) << length;
     }
     // A wide string, which only other writers make: the units of "AZ".
     CKGeomText wide;

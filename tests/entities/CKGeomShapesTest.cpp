@@ -149,14 +149,10 @@ TEST(CKGeomShapes, LinesMeasureThemselves)
     CKGeomLine line(0, 0, 3, 4, 1);
     EXPECT_EQ(line.GetDistance(), 5);
     EXPECT_EQ(line.GetDistance(3, 9), 5) << "from the end, without the thickness";
-    struct Case
-    {
-        double x, y, angle;
-    };
-    const Case cases[] = {{0, -1, -90}, {-1, 0, 180}, {1, 1, 45}, {0, 0, 0}};
-    for (const Case& c : cases) {
-        line.SetEnd(c.x, c.y);
-        EXPECT_EQ(line.GetLineAngle(), c.angle);
+    const double ends[][3] = {{0, -1, -90}, {-1, 0, 180}, {1, 1, 45}, {0, 0, 0}};
+    for (const auto& [x, y, angle] : ends) {
+        line.SetEnd(x, y);
+        EXPECT_EQ(line.GetLineAngle(), angle);
     }
     line.SetEnd(1, 0.3);
     EXPECT_EQ(line.GetLineAngle(), static_cast<double>(static_cast<float>(line.GetLineAngle()))) << "a float, widened";

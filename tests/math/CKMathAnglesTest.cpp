@@ -107,12 +107,7 @@ TEST(CKMathAngles, DirectionCodes)
 
 TEST(CKMathNumbers, RoundsByAddingAHalfAndTruncating)
 {
-    struct Case
-    {
-        double value;
-        int rounded;
-    };
-    const Case cases[] = {
+    const std::pair<double, int> cases[] = {
         {2.5, 3},
         {-2.5, -2},
         {-2.7, -2},
@@ -123,8 +118,8 @@ TEST(CKMathNumbers, RoundsByAddingAHalfAndTruncating)
         {2147483646.5, INT_MAX},
         {-2147483649.4, INT_MIN},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(CKMath::GetRoundedOff(c.value), c.rounded) << c.value;
+    for (const auto& [value, rounded] : cases)
+        EXPECT_EQ(CKMath::GetRoundedOff(value), rounded) << value;
 
     EXPECT_EQ(CKMath::GetRoundedOff(0.3, 1), 0.30000000000000004);
     EXPECT_EQ(CKMath::GetRoundedOff(-2.5, 0), -2);

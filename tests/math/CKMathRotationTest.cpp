@@ -70,22 +70,17 @@ TEST(CKMathRotation, KeepsDistancesAndTurnsBack)
 
 TEST(CKMathRotation, PointsAtAnAngle)
 {
-    struct Case
-    {
-        float angle;
-        double x, y;
-    };
     // Four angles are exact; the others are 2 times cosine and sine of the angle's radians in single precision.
-    const Case cases[] = {
-        {0, 2, 0},
-        {90, 0, 2},
-        {180, -2, 0},
-        {270, 0, -2},
-        {45, 0x1.6a09e5e333598p+0, 0x1.6a09e6ecb41fep+0},
-        {360, 0x1.fffffffffff76p+0, 0x1.777a5cf72ceadp-22},
-        {-90, -0x1.777a5cf72ceccp-24, -0x1.ffffffffffff7p+0},
-        {123.5f, -0x1.1a977aa9a566fp+0, 0x1.aaf3160675586p+0},
+    const std::pair<float, XY> cases[] = {
+        {0, {2, 0}},
+        {90, {0, 2}},
+        {180, {-2, 0}},
+        {270, {0, -2}},
+        {45, {0x1.6a09e5e333598p+0, 0x1.6a09e6ecb41fep+0}},
+        {360, {0x1.fffffffffff76p+0, 0x1.777a5cf72ceadp-22}},
+        {-90, {-0x1.777a5cf72ceccp-24, -0x1.ffffffffffff7p+0}},
+        {123.5f, {-0x1.1a977aa9a566fp+0, 0x1.aaf3160675586p+0}},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(At(CKMath::GetAngleToPoint(2, c.angle)), XY(c.x, c.y)) << c.angle;
+    for (const auto& [angle, point] : cases)
+        EXPECT_EQ(At(CKMath::GetAngleToPoint(2, angle)), point) << angle;
 }
