@@ -204,4 +204,36 @@ public:
     /// 1 when the disc and the rectangle share a point.
     static int IsIntersectCircleToRectangle(double cx, double cy, double radius, double left, double right,
                                             double bottom, double top);
+
+    // ---- Contact of outlines: 1 when they meet, else 0. Circles and arcs are curves of the radius that is passed; it
+    // is not compared with the ends of the arc. A record may be null when only the answer is wanted, and is not
+    // written without contact, except as IsContactLineToArc() says.
+
+    /// The points where the segment meets the circle: first the one on P1's side, and one of them twice when the other
+    /// end lies inside. A segment wholly inside meets nothing, but with `insideCounts` it does, in its own ends.
+    static int IsContactLineToCircle(KTwoPointD* points, int insideCounts, double x1, double y1, double x2, double y2,
+                                     double cx, double cy, double radius);
+    /// The same with the arc: both crossings, or the one that lies on it twice. When the segment meets the circle but
+    /// not the arc, the result is 0 and `points` holds the circle's crossings.
+    static int IsContactLineToArc(KTwoPointD* points, double x1, double y1, double x2, double y2, int counterClockwise,
+                                  double cx, double cy, double sx, double sy, double ex, double ey, double radius);
+    /// The two crossings, equal where the circles touch: seen from centre 1 toward centre 2 the right one, then the
+    /// left one. A circle meets itself in the reference point.
+    static int IsContactCircleOutlineToCircleOutline(KTwoPointD* points, double c1x, double c1y, double r1, double c2x,
+                                                     double c2y, double r2, double refX, double refY);
+    /// The first of the circles' crossings that lies on both arcs. Two arcs of one circle meet only when the start of
+    /// arc 1 lies on arc 2.
+    static int IsContactArcToArc(KPointD* point, double c1x, double c1y, double s1x, double s1y, double e1x, double e1y,
+                                 double r1, int counterClockwise1, double c2x, double c2y, double s2x, double s2y,
+                                 double e2x, double e2y, double r2, int counterClockwise2);
+    /// Where the infinite lines through P1, P2 and through P3, P4 cross; 0 for parallel ones and for one of no length.
+    static int IsContactInfiniteLineToInfiniteLine(KPointD* point, double x1, double y1, double x2, double y2,
+                                                   double x3, double y3, double x4, double y4);
+    /// The arc crosses a side, has an end in the rectangle, or its chord crosses it while its circle's disc meets it.
+    static int IsIntersectArcToRectangle(int counterClockwise, double cx, double cy, double sx, double sy, double ex,
+                                         double ey, double radius, double left, double right, double bottom,
+                                         double top);
+    /// The rectangle and the closed disc share a point; unlike its name says, the disc need not lie inside.
+    static int IsRectangleIncludeCircle(double left, double right, double bottom, double top, double cx, double cy,
+                                        double radius);
 };
