@@ -236,4 +236,42 @@ public:
     /// The rectangle and the closed disc share a point; unlike its name says, the disc need not lie inside.
     static int IsRectangleIncludeCircle(double left, double right, double bottom, double top, double cx, double cy,
                                         double radius);
+
+    // ---- Clearance. The points come on the first and on the second element, and the distance is that between them,
+    // within the rounding of moved points. Of equally near points the first found is kept. A record may be null when
+    // only the distance is wanted. Widths are full drawn widths, none below 0; half of each is taken off.
+
+    /// Of P from a segment that a turn (not one by whole multiples of 360) and then a mirror place.
+    static double GetDistancePointToLine(double px, double py, int mirror, float angle, double x1, double y1, double x2,
+                                         double y2);
+    /// Of P from the arc of radius |S - O|. Where the ends have one polar angle only they count: there is no full
+    /// circle here.
+    static double GetDistancePointToArc(double px, double py, int counterClockwise, double cx, double cy, double sx,
+                                        double sy, double ex, double ey);
+    /// Of P from the arc, and its point nearest to P. Ends at one polar angle are a full circle.
+    static double GetDistancePointToArc(KPointD* nearest, double px, double py, int counterClockwise, double cx,
+                                        double cy, double sx, double sy, double ex, double ey, double radius);
+    /// The side of P against an arc with that direction code: `direction` itself inside or on the circle; outside
+    /// that of the tangent at the point nearest to P, +1 right and -1 left of the way the arc runs.
+    static int GetRelativeDirection(double sx, double sy, double ex, double ey, double cx, double cy, double radius,
+                                    int direction, double px, double py);
+    /// Of two segments; 0 and twice the crossing point when they cross.
+    static double GetDistancePointsOfLineToLine(KTwoPointD* points, double x1, double y1, double x2, double y2,
+                                                double x3, double y3, double x4, double y4);
+    /// Of two drawn segments, between their edges. Where these touch or overlap: 0, and both points are the one on the
+    /// first centre line, or its crossing with the second.
+    static double GetDistancePointsOfLineToLine(KTwoPointD* points, double x1, double y1, double x2, double y2,
+                                                double width1, double x3, double y3, double x4, double y4,
+                                                double width2);
+    /// Of a drawn segment and a drawn arc, between their edges. Where the centre lines meet: 0 and the points of
+    /// IsContactLineToArc(); where only the edges do: 0 and twice the point of the segment.
+    static double GetDistancePointsOfLineToArc(KTwoPointD* points, double x1, double y1, double x2, double y2,
+                                               double lineWidth, double cx, double cy, double sx, double sy, double ex,
+                                               double ey, double radius, double arcWidth, int counterClockwise);
+    /// The same for two drawn arcs: where the centre lines meet twice that point, where only the edges do twice the
+    /// point of the second arc.
+    static double GetDistancePointsOfArcToArc(KTwoPointD* points, double c1x, double c1y, double s1x, double s1y,
+                                              double e1x, double e1y, double r1, double width1, int counterClockwise1,
+                                              double c2x, double c2y, double s2x, double s2y, double e2x, double e2y,
+                                              double r2, double width2, int counterClockwise2);
 };
