@@ -3,6 +3,7 @@
 #include "foundation/CArrayRectF.h"
 #include "foundation/CPointF.h"
 #include "support/ArchiveBytes.h"
+#include "support/Coordinates.h"
 
 #include <gtest/gtest.h>
 
@@ -61,8 +62,8 @@ TEST(BasaltArrays, CopiesOfPointListsShareNothing)
     lists[0][0].SetX(9);
     ASSERT_EQ(clone->GetSize(), 1);
     ASSERT_EQ(clone->GetAt(0).GetSize(), 1);
-    EXPECT_EQ(clone->GetAt(0).GetAt(0).GetX(), 1);
-    EXPECT_EQ(clone->GetAt(0).GetAt(0).GetY(), 2);
+    const CPointD copied = clone->GetAt(0).GetAt(0);
+    EXPECT_EQ(XY(copied.GetX(), copied.GetY()), XY(1, 2));
 }
 
 TEST(BasaltArrays, RectangleListsCompareByValueInOrder)

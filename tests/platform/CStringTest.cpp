@@ -123,7 +123,10 @@ TEST(CString, Tokens)
             joined += token + '|';
         EXPECT_EQ(joined, c.expected) << c.text;
     }
-    int start = -1;
+    int start = 0;
+    CString("one,two").Tokenize(",", start);
+    EXPECT_EQ(start, 4) << "behind the delimiter";
+    start = -1;
     EXPECT_TRUE(Raises<CInvalidArgException>([&] { CString("a").Tokenize(" ", start); }));
 }
 
