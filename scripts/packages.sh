@@ -2,8 +2,8 @@
 
 # Compiler and libraries of the library and the example host. The font is what board texts are drawn with.
 build_packages="g++ cmake ninja-build pkg-config libfreetype-dev libfontconfig-dev libjpeg62-turbo-dev fonts-dejavu-core"
-# On top of those: the test framework, the benchmark framework, and fourteen real boards.
-test_packages="libgtest-dev libbenchmark-dev kicad-demos"
+# On top of those: the test framework, the benchmark framework and what it is compared with, and fourteen real boards.
+test_packages="libgtest-dev libbenchmark-dev libboost-dev kicad-demos"
 
 need_packages() {
     local missing=() package
