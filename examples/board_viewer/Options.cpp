@@ -76,6 +76,15 @@ bool IsSameFile(const std::string& a, const std::string& b)
     return fs::equivalent(a, b, error) || resolved(a) == resolved(b);
 }
 
+/// "0.2". Nothing is closer than 0, so that an empty list would say nothing about a board.
+double ParseClearance(const std::string& text)
+{
+    double value = 0;
+    if (!ParseWhole(text, value) || !(value > 0) || value > SExpr::kLargestNumber)
+        throw std::runtime_error("--clearance " + text + ": expected a distance in millimetres, above 0");
+    return value;
+}
+
 /// Takes the arguments one after the other.
 class Parser
 {
@@ -109,6 +118,10 @@ private:
             options.mirror = true;
         else if (argument == "--info")
             options.info = true;
+        else if (argument == "--clearance")
+            options.clearance = ParseClearance(TakeValue(argument));
+        else if (argument == "--json")
+            options.json = true;
         else if (argument == "--help" || argument == "-h")
             options.help = true;
         else if (argument.size() > 1 && argument[0] == '-')
@@ -132,8 +145,13 @@ private:
     {
         if (options.input.empty())
             throw std::runtime_error("no board file given; see --help");
-        if (options.exportPath.empty() && options.archivePath.empty() && !options.info)
-            throw std::runtime_error("nothing to do: give --export, --archive or --info");
+        const int reports = int(options.info) + int(options.clearance.has_value());
+        if (reports > 1)
+            throw std::runtime_error("one report at a time: --info or --clearance");
+        if (reports == 0 && options.exportPath.empty() && options.archivePath.empty())
+            throw std::runtime_error("nothing to do: give --export, --archive, --info or --clearance");
+        if (options.json && !options.clearance)
+            throw std::runtime_error("--json goes with --clearance");
         if (!options.exportPath.empty() && !IsPicturePath(options.exportPath))
             throw std::runtime_error("--export " + options.exportPath + ": the name has to end in .bmp or .jpg");
         CheckOutput("--export", options.exportPath, options.input);
@@ -169,7 +187,10 @@ const char* UsageText()
            "  --layers A,B,...            only these layers, the last on top\n"
            "  --mirror                    the board seen from the back, whose layers then lie on top\n"
            "  --archive OUT.kolm          store the board as shapes\n"
-           "  --info                      describe the board as JSON on standard output\n";
+           "  --info                      describe the board as JSON on standard output\n"
+           "  --clearance MM              list copper of different nets that lies closer than this, nearest first:\n"
+           "                              layer, nets, clearance and the nearest points; the count at the end\n"
+           "  --json                      the same as a JSON array\n";
 }
 
 } // namespace viewer

@@ -20,6 +20,8 @@ struct Options
     std::vector<std::string> layers; ///< empty: all
     bool mirror = false;
     bool info = false;
+    std::optional<double> clearance; ///< millimetres, above 0
+    bool json = false;               ///< the clearances as JSON
     bool help = false;
 };
 

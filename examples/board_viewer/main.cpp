@@ -1,6 +1,7 @@
-// board_viewer: shows a board file as a picture, stores it as shapes, describes it.
+// board_viewer: shows a board file as a picture, stores it as shapes, describes and checks it.
 
 #include "BoardArchive.h"
+#include "BoardClearance.h"
 #include "BoardFile.h"
 #include "BoardInfo.h"
 #include "Options.h"
@@ -16,10 +17,11 @@ namespace {
 
 using namespace viewer;
 
-/// Shows on a terminal how far the reading is, in one line that is wiped at the end.
+/// Shows on a terminal how far some work is, in one line that is wiped at the end.
 class ProgressLine
 {
 public:
+    explicit ProgressLine(const char* workName) : work(workName) {}
     ~ProgressLine()
     {
         if (shown >= 0)
@@ -36,10 +38,11 @@ private:
     void Show(int percent)
     {
         if (percent != shown)
-            std::fprintf(stderr, "\rreading %3d %%", percent);
+            std::fprintf(stderr, "\r%s %3d %%", work, percent);
         shown = percent;
     }
 
+    const char* work;
     int shown = -1;
 };
 
@@ -75,11 +78,38 @@ std::vector<const PictureLayer*> FindLayers(const BoardPicture& picture, const s
 /// The progress is wiped off the terminal before anything else is written there.
 BoardFile Open(const std::string& path)
 {
-    ProgressLine progress;
+    ProgressLine progress("reading");
     return OpenBoardFile(path, progress.Hook());
 }
 
-/// The archive is written before the picture, and each only when asked for.
+void Print(const std::string& text)
+{
+    if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0)
+        throw std::runtime_error("standard output cannot be written");
+}
+
+std::string ClearanceReport(const Board& board, const Options& options)
+{
+    std::vector<Clearance> clearances;
+    {
+        ProgressLine progress("measuring");
+        clearances = FindClearances(board, *options.clearance, progress.Hook());
+    }
+    return options.json ? ClearanceJson(board, clearances) : ClearanceLines(board, clearances);
+}
+
+void Report(const BoardFile& file, const Options& options)
+{
+    if (options.info) {
+        Print(file.board ? BoardInfoJson(*file.board, file.picture) : PictureInfoJson(file.picture));
+        return;
+    }
+    if (!file.board)
+        throw std::runtime_error(options.input + ": an archive has no nets and no names to look for");
+    Print(ClearanceReport(*file.board, options));
+}
+
+/// The archive is written before the picture, the report comes last, and each only when asked for.
 void Run(const Options& options)
 {
     const BoardFile file = Open(options.input);
@@ -93,11 +123,8 @@ void Run(const Options& options)
         StoreArchive(file.picture, options.archivePath);
     if (!options.exportPath.empty())
         ExportPicture(painter, options.size, options.area, options.exportPath);
-    if (options.info) {
-        const std::string json = file.board ? BoardInfoJson(*file.board, file.picture) : PictureInfoJson(file.picture);
-        if (std::fputs(json.c_str(), stdout) < 0 || std::fflush(stdout) != 0)
-            throw std::runtime_error("standard output cannot be written");
-    }
+    if (options.info || options.clearance)
+        Report(file, options);
 }
 
 } // namespace

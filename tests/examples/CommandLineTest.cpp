@@ -35,6 +35,7 @@ TEST(CommandLine, ErrorsAreOneLineAndExitCodeOne)
     WriteBytes(folder.File("empty.kicad_pcb"), "");
     std::filesystem::create_hard_link(folder.File("good.kicad_pcb"), folder.File("link.kicad_pcb"));
     WriteBytes(folder.File("cut.kolm"), "KOLMBRD1\x01");
+    WriteBytes(folder.File("good.kolm"), std::string("KOLMBRD1\0\0\0\0", 12));
     const std::pair<const char*, const char*> cases[] = {
         {"none.kicad_pcb --info", "none.kicad_pcb: cannot be read"},
         {". --info", "cannot be read"},
@@ -47,6 +48,7 @@ TEST(CommandLine, ErrorsAreOneLineAndExitCodeOne)
         {"good.kicad_pcb --info --layers \"$(printf 'a\\nb\\033c')\"", "unknown layer 'a?b?c'"},
         {"good.kicad_pcb --archive link.kicad_pcb", "would overwrite good.kicad_pcb"},
         {"good.kicad_pcb --export none/x.bmp", "none/x.bmp: cannot be written"},
+        {"good.kolm --clearance 1", "good.kolm: an archive has no nets"},
         {"good.kicad_pcb --archive none/x.kolm", "none/x.kolm: cannot be written"},
     };
     for (const auto& [arguments, message] : cases) {
@@ -55,6 +57,26 @@ TEST(CommandLine, ErrorsAreOneLineAndExitCodeOne)
         EXPECT_NE(outcome.errors.find(message), std::string::npos) << arguments << ": " << outcome.errors;
         EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
         EXPECT_EQ(outcome.output, "") << arguments;
+    }
+}
+
+TEST(CommandLine, ReportsGoToStandardOutput)
+{
+    const TestFolder folder;
+    WriteBytes(folder.File("b.kicad_pcb"),
+               BoardText("(net 1 \"A\") (net 2 \"B\")"
+                         "(segment (start 0 0) (end 9 0) (width 0.2) (layer \"F.Cu\") (net 1))"
+                         "(segment (start 4 1) (end 4 9) (width 0.2) (layer \"F.Cu\") (net 2))"));
+    const std::tuple<const char*, int, const char*> cases[] = {
+        {"b.kicad_pcb --clearance 1", 0, "F.Cu\tA\tB\t0.8000\t4.0000\t0.1000\t4.0000\t0.9000\n1 pair\n"},
+        {"b.kicad_pcb --clearance 0.7", 0, "0 pairs\n"},
+        {"b.kicad_pcb --clearance 0.7 --json", 0, "[]\n"},
+    };
+    for (const auto& [arguments, code, output] : cases) {
+        const Outcome outcome = RunViewer(folder, arguments);
+        EXPECT_EQ(outcome.code, code) << arguments;
+        EXPECT_EQ(outcome.output, output) << arguments;
+        EXPECT_EQ(outcome.errors, "") << arguments;
     }
 }
 

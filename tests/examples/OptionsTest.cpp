@@ -22,6 +22,14 @@ TEST(Options, TakesAllThatThereIs)
     EXPECT_TRUE(options.info);
 }
 
+TEST(Options, TakesReports)
+{
+    const Options clearance = ParseOptions({"b", "--clearance", ".25", "--json"});
+    ASSERT_TRUE(clearance.clearance);
+    EXPECT_EQ(*clearance.clearance, 0.25);
+    EXPECT_TRUE(clearance.json);
+}
+
 TEST(Options, RefusesTheRestByName)
 {
     const std::pair<std::vector<std::string>, const char*> cases[] = {
@@ -43,6 +51,11 @@ TEST(Options, RefusesTheRestByName)
         {{"a", "--info", "--area", "nan,0,1,1"}, "--area"},
         {{"a", "--info", "--area", "0,0,1e300,1"}, "--area"},
         {{"a", "--info", "--area", "0,0,1,1 "}, "--area"},
+        {{"a", "--clearance", "0"}, "--clearance 0"},
+        {{"a", "--clearance", "-1"}, "--clearance -1"},
+        {{"a", "--clearance", "nan"}, "--clearance nan"},
+        {{"a", "--clearance", "1e300"}, "--clearance 1e300"},
+        {{"a", "--clearance", "0.2mm"}, "--clearance 0.2mm"},
     };
     for (const auto& [arguments, message] : cases) {
         try {
