@@ -5,6 +5,7 @@
 
 #include <afx.h>
 #include <afxcoll.h>
+#include <afxinet.h>
 #include <afxtempl.h>
 #include <afxwin.h>
 #include <windows.h>

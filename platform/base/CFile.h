@@ -112,7 +112,7 @@ public:
     void Abort() override;
 
     /// The next line without its line feed; 0 and an empty line at the end of the file.
-    BOOL ReadString(CString& line);
+    virtual BOOL ReadString(CString& line);
     /// Writes the text up to its first zero byte and adds nothing.
     void WriteString(LPCTSTR text);
 
