@@ -46,3 +46,5 @@
 
 #include "painter/CKPainter.h"
 #include "painter/KRectangleD.h"
+
+#include "util/CKString.h"
