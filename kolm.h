@@ -47,4 +47,5 @@
 #include "painter/CKPainter.h"
 #include "painter/KRectangleD.h"
 
+#include "util/CKDebuger.h"
 #include "util/CKString.h"
