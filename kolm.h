@@ -47,5 +47,6 @@
 #include "painter/CKPainter.h"
 #include "painter/KRectangleD.h"
 
+#include "util/CKCommunicator.h"
 #include "util/CKDebuger.h"
 #include "util/CKString.h"
