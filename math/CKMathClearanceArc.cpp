@@ -1,6 +1,7 @@
 #include "math/CKMath.h"
 
 #include "math/Contact.h"
+#include "math/LineMover.h"
 #include "math/Nearest.h"
 
 #include <algorithm>
@@ -34,10 +35,11 @@ private:
 /// when the circles lie apart, a far one and a facing one when a circle lies inside the other.
 void TakeAxisPoints(NearestPair& best, const Arc& arc1, const Arc& arc2)
 {
-    AxisPoint facing1(arc1, geo::Moved(arc2.centre, arc1.centre, -arc1.radius));
-    AxisPoint far1(arc1, geo::Moved(arc2.centre, arc1.centre, arc1.radius));
-    AxisPoint facing2(arc2, geo::Moved(arc1.centre, arc2.centre, -arc2.radius));
-    AxisPoint far2(arc2, geo::Moved(arc1.centre, arc2.centre, arc2.radius));
+    const LineMover beyond1(arc2.centre, arc1.centre), beyond2(arc1.centre, arc2.centre);
+    AxisPoint facing1(arc1, beyond1.By(-arc1.radius));
+    AxisPoint far1(arc1, beyond1.By(arc1.radius));
+    AxisPoint facing2(arc2, beyond2.By(-arc2.radius));
+    AxisPoint far2(arc2, beyond2.By(arc2.radius));
     const auto take = [&best](AxisPoint& on1, AxisPoint& on2) {
         const NearestPair pair = geo::PairOf(on1.Get(), on2.Get());
         if (pair.distance < best.distance && on1.IsOnArc() && on2.IsOnArc())

@@ -1,6 +1,6 @@
 #include "math/CKMath.h"
 
-#include "math/Turn.h"
+#include "math/LineMover.h"
 
 #include <algorithm>
 
@@ -63,20 +63,8 @@ KPointD CKMath::GetDistanceLinePoint(double x1, double y1, double x2, double y2,
 KPointD CKMath::GetDistancedLinePoint(double x1, double y1, double x2, double y2, double distance)
 {
     if (distance == 0.0)
-        return {x2, y2};
-    const float angle = GetLineAngle(x1, y1, x2, y2);
-    if (std::fmod(angle, 360.0f) == 0.0f)
-        return {x2 + distance, y2};
-
-    // Turned about P1 onto the x axis, lengthened there, turned back. Turning back by `angle` is the negated conversion
-    // of Turn; adding and taking away x1 and y1 rounds, and is part of the result.
-    const double dx = x2 - x1;
-    const double dy = y2 - y1;
-    const Turn<double> ontoAxis(-angle);
-    const double u = (ontoAxis.X(dx, dy) + x1 + distance) - x1;
-    const double w = (ontoAxis.Y(dx, dy) + y1) - y1;
-    const Turn<double> back(angle);
-    return {back.X(u, w) + x1, back.Y(u, w) + y1};
+        return {x2, y2}; // spares the angle
+    return LineMover({x1, y1}, {x2, y2}).By(distance);
 }
 
 KPointD CKMath::GetDistancedLinePoint(double x1, double y1, double x2, double y2, double px, double py, double distance)

@@ -21,6 +21,13 @@ public:
         m_cos = std::cos(theta);
         m_sin = std::sin(theta);
     }
+    /// The turn by the negated angle: cosine is even and sine odd, in every bit.
+    Turn Reversed() const
+    {
+        Turn reversed = *this;
+        reversed.m_sin = -m_sin;
+        return reversed;
+    }
     // The sine is that of the negated angle: hence + in x and - in y.
     Real X(Real x, Real y) const { return m_cos * x + m_sin * y; }
     Real Y(Real x, Real y) const { return m_cos * y - m_sin * x; }
