@@ -30,6 +30,9 @@
 #include "foundation/KRecords.h"
 #include "foundation/Saturate.h"
 
+#include "containers/CExPtrArray.h"
+#include "containers/CKArray.h"
+
 #include "math/CKMath.h"
 
 #include "entities/CKEntity.h"
