@@ -32,6 +32,8 @@
 
 #include "containers/CExPtrArray.h"
 #include "containers/CKArray.h"
+#include "containers/CKOrderedDoubleArray.h"
+#include "containers/CKOrderedIntArray.h"
 
 #include "math/CKMath.h"
 
