@@ -34,6 +34,9 @@
 #include "containers/CKArray.h"
 #include "containers/CKOrderedDoubleArray.h"
 #include "containers/CKOrderedIntArray.h"
+#include "containers/CKPointFArray.h"
+#include "containers/CKPointFArrayArray.h"
+#include "containers/CKRectDArray.h"
 
 #include "math/CKMath.h"
 
