@@ -239,7 +239,8 @@ public:
 
     // ---- Clearance. The points come on the first and on the second element, and the distance is that between them,
     // within the rounding of moved points. Of equally near points the first found is kept. A record may be null when
-    // only the distance is wanted. Widths are full drawn widths, none below 0; half of each is taken off.
+    // only the distance is wanted. Widths are full drawn widths, of which half is taken off; 0 is a bare centre line.
+    // Pass none below 0: between segments it counts as 0, but with an arc it adds to the distance and moves no point.
 
     /// Of P from a segment that a turn (not one by whole multiples of 360) and then a mirror place.
     static double GetDistancePointToLine(double px, double py, int mirror, float angle, double x1, double y1, double x2,
@@ -248,11 +249,13 @@ public:
     /// circle here.
     static double GetDistancePointToArc(double px, double py, int counterClockwise, double cx, double cy, double sx,
                                         double sy, double ex, double ey);
-    /// Of P from the arc, and its point nearest to P. Ends at one polar angle are a full circle.
+    /// Of P from the arc, and its point nearest to P: the start where both ends are equally near. Ends at one polar
+    /// angle are a full circle. A P in the centre faces the point at -x from it.
     static double GetDistancePointToArc(KPointD* nearest, double px, double py, int counterClockwise, double cx,
                                         double cy, double sx, double sy, double ex, double ey, double radius);
     /// The side of P against an arc with that direction code: `direction` itself inside or on the circle; outside
-    /// that of the tangent at the point nearest to P, +1 right and -1 left of the way the arc runs.
+    /// that of the tangent at the point nearest to P, +1 right and -1 left of the way the arc runs. On the tangent's
+    /// own line as for a segment of length 1 that starts in the nearest point. Every code but -1 runs clockwise.
     static int GetRelativeDirection(double sx, double sy, double ex, double ey, double cx, double cy, double radius,
                                     int direction, double px, double py);
     /// Of two segments; 0 and twice the crossing point when they cross.
