@@ -81,10 +81,15 @@ TEST(CKMathContainment, CirclesAndArcsWithWidth)
     };
     // About (0, 0) from (5, 0).
     const Case cases[] = {
-        {"on the quarter circle", 3, 4, 0, 5, 0, 1, 1},          {"on the other three quarters", 3, 4, 0, 5, 0, 0, 0},
-        {"outside by half the width", 4.5, 6, 0, 5, 5, 1, 1},    {"outside by more", 4.5, 6, 0, 5, 4.99, 1, 0},
-        {"the end has another radius", 3, 4, 0, 9, 0, 1, 1},     {"a full circle", -3, -4, 5, 0, 0, 1, 1},
+        {"on the quarter circle", 3, 4, 0, 5, 0, 1, 1},
+        {"on the other three quarters", 3, 4, 0, 5, 0, 0, 0},
+        {"outside by half the width", 4.5, 6, 0, 5, 5, 1, 1},
+        {"outside by more", 4.5, 6, 0, 5, 4.99, 1, 0},
+        {"the end has another radius", 3, 4, 0, 9, 0, 1, 1},
+        {"a full circle", -3, -4, 5, 0, 0, 1, 1},
         {"a full circle, beside it", -3, -4.1, 5, 0, 0.1, 1, 0},
+        {"no full circle: the ends share y", 3, -4, -5, 0, 0, 1, 0},
+        {"no full circle: the ends share x", 3, -4, 5, 9, 0, 1, 0},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(CKMath::IsOnArc(c.px, c.py, 5, 0, c.ex, c.ey, 0, 0, c.width, c.sweep), c.on) << c.why;

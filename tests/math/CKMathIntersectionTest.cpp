@@ -38,6 +38,8 @@ TEST(CKMathIntersection, PointsOnALineWithinAnArea)
         EXPECT_EQ(CKMath::IsPointOnLine(0, 0, c.x2, c.y2, c.px, c.py), c.on) << c.why;
         EXPECT_EQ(CKMath::IsPointOnLine(c.x2, c.y2, 0, 0, c.px, c.py), c.on) << c.why << ", walked backward";
     }
+    EXPECT_EQ(CKMath::IsPointOnLine(20, 30, 24, 33, 22, 31.5), 1) << "sloped, away from the origin";
+    EXPECT_EQ(CKMath::IsPointOnLine(20, 30, 24, 33, 22, 31.64), 0) << "0.56 of twice the area";
 }
 
 TEST(CKMathIntersection, CrossingPointsOfWholeNumberSegments)
@@ -126,6 +128,10 @@ TEST(CKMathIntersection, SegmentsAndDiscsReachRectangles)
 {
     EXPECT_EQ(CKMath::IsIntersectLineToRectangle(1.25, -1, 1.25, 2, 0.25, 0, 1, 0, 1), 1);
     EXPECT_EQ(CKMath::IsIntersectLineToRectangle(1.25, -1, 1.25, 2, 0.24, 0, 1, 0, 1), 0);
+    EXPECT_EQ(CKMath::IsIntersectLineToRectangle(0.5, 0.5, 2, 2, -1, 0, 1, 0, 1), 1)
+        << "an end inside needs no nearness";
+    EXPECT_EQ(CKMath::IsIntersectLineToRectangle(2, 2, 0.5, 0.5, -1, 0, 1, 0, 1), 1);
+    EXPECT_EQ(CKMath::IsIntersectCircleToRectangle(2, 0.5, 1, 0, 1, 0, 1), 1) << "touching";
     std::mt19937 random(322);
     std::uniform_real_distribution<double> coordinate(-4, 4);
     const auto outside = [](double value, double low, double high) {
