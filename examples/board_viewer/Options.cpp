@@ -120,6 +120,8 @@ private:
             options.info = true;
         else if (argument == "--clearance")
             options.clearance = ParseClearance(TakeValue(argument));
+        else if (argument == "--find")
+            options.find = TakeValue(argument);
         else if (argument == "--json")
             options.json = true;
         else if (argument == "--help" || argument == "-h")
@@ -145,11 +147,11 @@ private:
     {
         if (options.input.empty())
             throw std::runtime_error("no board file given; see --help");
-        const int reports = int(options.info) + int(options.clearance.has_value());
+        const int reports = int(options.info) + int(options.clearance.has_value()) + int(!options.find.empty());
         if (reports > 1)
-            throw std::runtime_error("one report at a time: --info or --clearance");
+            throw std::runtime_error("one report at a time: --info, --clearance or --find");
         if (reports == 0 && options.exportPath.empty() && options.archivePath.empty())
-            throw std::runtime_error("nothing to do: give --export, --archive, --info or --clearance");
+            throw std::runtime_error("nothing to do: give --export, --archive, --info, --clearance or --find");
         if (options.json && !options.clearance)
             throw std::runtime_error("--json goes with --clearance");
         if (!options.exportPath.empty() && !IsPicturePath(options.exportPath))
@@ -190,7 +192,10 @@ const char* UsageText()
            "  --info                      describe the board as JSON on standard output\n"
            "  --clearance MM              list copper of different nets that lies closer than this, nearest first:\n"
            "                              layer, nets, clearance and the nearest points; the count at the end\n"
-           "  --json                      the same as a JSON array\n";
+           "  --json                      the same as a JSON array\n"
+           "  --find PATTERN              list the references and net names that match, and where they are; * stands\n"
+           "                              for any text, ? for a character that is no digit, # for a digit; exit code\n"
+           "                              1 when there is none\n";
 }
 
 } // namespace viewer

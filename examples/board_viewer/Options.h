@@ -21,6 +21,7 @@ struct Options
     bool mirror = false;
     bool info = false;
     std::optional<double> clearance; ///< millimetres, above 0
+    std::string find;                ///< wildcard search text; empty: no search
     bool json = false;               ///< the clearances as JSON
     bool help = false;
 };

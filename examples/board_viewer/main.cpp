@@ -1,8 +1,9 @@
-// board_viewer: shows a board file as a picture, stores it as shapes, describes and checks it.
+// board_viewer: shows a board file as a picture, stores it as shapes, describes, checks and searches it.
 
 #include "BoardArchive.h"
 #include "BoardClearance.h"
 #include "BoardFile.h"
+#include "BoardFind.h"
 #include "BoardInfo.h"
 #include "Options.h"
 
@@ -98,19 +99,26 @@ std::string ClearanceReport(const Board& board, const Options& options)
     return options.json ? ClearanceJson(board, clearances) : ClearanceLines(board, clearances);
 }
 
-void Report(const BoardFile& file, const Options& options)
+/// The exit code: 1 for a search that found nothing.
+int Report(const BoardFile& file, const Options& options)
 {
     if (options.info) {
         Print(file.board ? BoardInfoJson(*file.board, file.picture) : PictureInfoJson(file.picture));
-        return;
+        return 0;
     }
     if (!file.board)
         throw std::runtime_error(options.input + ": an archive has no nets and no names to look for");
-    Print(ClearanceReport(*file.board, options));
+    if (options.clearance) {
+        Print(ClearanceReport(*file.board, options));
+        return 0;
+    }
+    const std::vector<FoundItem> found = FindItems(*file.board, options.find);
+    Print(FoundLines(found));
+    return found.empty() ? 1 : 0;
 }
 
 /// The archive is written before the picture, the report comes last, and each only when asked for.
-void Run(const Options& options)
+int Run(const Options& options)
 {
     const BoardFile file = Open(options.input);
     BoardPainter painter(file.picture);
@@ -123,21 +131,19 @@ void Run(const Options& options)
         StoreArchive(file.picture, options.archivePath);
     if (!options.exportPath.empty())
         ExportPicture(painter, options.size, options.area, options.exportPath);
-    if (options.info || options.clearance)
-        Report(file, options);
+    return options.info || options.clearance || !options.find.empty() ? Report(file, options) : 0;
 }
 
 } // namespace
 
-/// Exit code 0, or 1 after one line on standard error.
+/// Exit code 0; 1 after one line on standard error, or for a search that found nothing.
 int main(int argc, char** argv)
 {
     try {
         const Options options = ParseOptions(std::vector<std::string>(argv + 1, argv + argc));
-        if (options.help)
-            std::fputs(UsageText(), stdout);
-        else
-            Run(options);
+        if (!options.help)
+            return Run(options);
+        std::fputs(UsageText(), stdout);
         return 0;
     } catch (const std::exception& error) {
         PrintError(error.what());

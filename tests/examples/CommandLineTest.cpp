@@ -48,6 +48,7 @@ TEST(CommandLine, ErrorsAreOneLineAndExitCodeOne)
         {"good.kicad_pcb --info --layers \"$(printf 'a\\nb\\033c')\"", "unknown layer 'a?b?c'"},
         {"good.kicad_pcb --archive link.kicad_pcb", "would overwrite good.kicad_pcb"},
         {"good.kicad_pcb --export none/x.bmp", "none/x.bmp: cannot be written"},
+        {"good.kolm --find 'R*'", "good.kolm: an archive has no nets"},
         {"good.kolm --clearance 1", "good.kolm: an archive has no nets"},
         {"good.kicad_pcb --archive none/x.kolm", "none/x.kolm: cannot be written"},
     };
@@ -68,6 +69,8 @@ TEST(CommandLine, ReportsGoToStandardOutput)
                          "(segment (start 0 0) (end 9 0) (width 0.2) (layer \"F.Cu\") (net 1))"
                          "(segment (start 4 1) (end 4 9) (width 0.2) (layer \"F.Cu\") (net 2))"));
     const std::tuple<const char*, int, const char*> cases[] = {
+        {"b.kicad_pcb --find 'A*'", 0, "A\tnet\t0.0000\t0.0000\n"},
+        {"b.kicad_pcb --find 'C*'", 1, ""},
         {"b.kicad_pcb --clearance 1", 0, "F.Cu\tA\tB\t0.8000\t4.0000\t0.1000\t4.0000\t0.9000\n1 pair\n"},
         {"b.kicad_pcb --clearance 0.7", 0, "0 pairs\n"},
         {"b.kicad_pcb --clearance 0.7 --json", 0, "[]\n"},

@@ -28,6 +28,7 @@ TEST(Options, TakesReports)
     ASSERT_TRUE(clearance.clearance);
     EXPECT_EQ(*clearance.clearance, 0.25);
     EXPECT_TRUE(clearance.json);
+    EXPECT_EQ(ParseOptions({"--find", "-R*", "b"}).find, "-R*") << "a pattern may look like an option";
 }
 
 TEST(Options, RefusesTheRestByName)
@@ -56,6 +57,9 @@ TEST(Options, RefusesTheRestByName)
         {{"a", "--clearance", "nan"}, "--clearance nan"},
         {{"a", "--clearance", "1e300"}, "--clearance 1e300"},
         {{"a", "--clearance", "0.2mm"}, "--clearance 0.2mm"},
+        {{"a", "--find", ""}, "--find needs a value"},
+        {{"a", "--find", "R*", "--json"}, "--json goes with --clearance"},
+        {{"a", "--find", "R*", "--clearance", "1"}, "one report at a time"},
     };
     for (const auto& [arguments, message] : cases) {
         try {
