@@ -28,12 +28,11 @@ int CKMath::IsContactCircleOutlineToCircleOutline(KTwoPointD* points, double c1x
     const double d = GetDistance(c1x, c1y, c2x, c2y);
     if (d > r1 + r2)
         return 0;
-    const bool isSame = d == 0.0 && r1 == r2;
-    if (!isSame && std::max(r1, r2) > std::min(r1, r2) + d)
+    if (std::max(r1, r2) > std::min(r1, r2) + d)
         return 0;
     if (!points)
         return 1;
-    if (isSame) {
+    if (d == 0.0 && r1 == r2) {
         *points = {refX, refY, refX, refY};
         return 1;
     }

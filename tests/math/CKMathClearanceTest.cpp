@@ -183,6 +183,8 @@ TEST(CKMathClearance, PointsAgainstArcs)
     EXPECT_EQ(nearest.x, -1) << "both ends are equally near: the start";
     EXPECT_EQ(CKMath::GetDistancePointToArc(&nearest, 4, 4, 1, 4, 4, 4, 2, 4, 6, 2), 2) << "the centre";
     EXPECT_EQ(nearest.y, 2) << "which faces the start as well as all others";
+    EXPECT_EQ(CKMath::GetDistancePointToArc(&nearest, 3, 0, 1, 0, 0, 2.5, 0, 0, 1, 1), 0.5);
+    EXPECT_EQ(nearest.x, 2.5) << "a start outside the circle is nearer than what P faces";
 
     RandomElements random(351);
     for (int round = 0; round < 2000; ++round) {

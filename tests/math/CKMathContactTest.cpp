@@ -73,6 +73,8 @@ TEST(CKMathContact, SegmentsAgainstTheUnitCircle)
             << c.why;
     }
     KTwoPointD points = untouched;
+    EXPECT_EQ(CKMath::IsContactLineToCircle(&points, 0, -2, 0, 2, 0, 0, 0, 0), 1) << "a circle without radius";
+    ExpectPoints(points, {0, 0, 0, 0}, "a circle without radius");
     EXPECT_EQ(CKMath::IsContactLineToArc(&points, -2, 0.6, 2, 0.6, 1, 0, 0, 1, 0, 0, 1, 1), 1);
     ExpectPoints(points, {0.8, 0.6, 0.8, 0.6}, "only the second crossing lies on the arc");
     EXPECT_EQ(CKMath::IsContactLineToArc(&points, -2, 0.6, 2, 0.6, 0, 0, 0, 1, 0, 0, 1, 1), 1);
@@ -148,6 +150,15 @@ TEST(CKMathContact, OutlinesOfCircles)
         ExpectPoints(points, c.points, c.why);
     }
     RandomElements random(332);
+    for (int round = 0; round < 300; ++round) {
+        // Touching in (r1, 0); the square root of a rounding below 0 would be no number.
+        const double r1 = random.Real(0.1, 8), r2 = random.Real(0.1, 8);
+        KTwoPointD p;
+        ASSERT_EQ(CKMath::IsContactCircleOutlineToCircleOutline(&p, 0, 0, r1, r1 + r2, 0, r2, 0, 0), 1);
+        ASSERT_NEAR(p.x1, r1, 1e-13);
+        ASSERT_NEAR(p.y1, 0, 1e-6); // a root of 1e-14
+        ASSERT_EQ(p.y2, -p.y1);
+    }
     for (int round = 0; round < 2000; ++round) {
         const TestArc a = random.Arc(false), b = random.Arc(false);
         const double dx = b.o.x - a.o.x, dy = b.o.y - a.o.y, d = std::hypot(dx, dy);
