@@ -71,8 +71,8 @@ TEST(CKPointFArray, MeasuresPathAndSegments)
     EXPECT_EQ(square.GetDistanceLineToPoint(0, kNone, kNone), std::numeric_limits<float>::infinity());
 
     CKPointFArray rounded;
-    AddPoints(rounded, {{0, 0}, {16777216, 0}, {16777216, 1}});
-    EXPECT_EQ(rounded.GetLenth(), 16777216) << "2^24 + 1 is no float";
+    AddPoints(rounded, {{0, 0}, {16777216, 0}, {16777216, 1}, {16777216, 2}});
+    EXPECT_EQ(rounded.GetLenth(), 16777216) << "each sum is rounded, and 2^24 + 1 is no float";
 
     square.InsertAt(2, static_cast<CKPointF*>(nullptr));
     EXPECT_EQ(square.GetLenth(), 20) << "without the segments at a null";
