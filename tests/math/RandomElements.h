@@ -4,13 +4,33 @@
 
 #include "foundation/KRecords.h"
 
+#include <gtest/gtest.h>
+
 #include <cmath>
 #include <random>
+
+inline void ExpectPoints(const KTwoPointD& p, const KTwoPointD& q, const char* why)
+{
+    // Moved points take their direction from degrees as floats: some 1.5e-7 of lengths of a few millimetres.
+    const double values[] = {p.x1 - q.x1, p.y1 - q.y1, p.x2 - q.x2, p.y2 - q.y2};
+    for (double difference : values)
+        EXPECT_NEAR(difference, 0, 1e-6) << why;
+}
+
+inline KPointD Mapped(KPointD p, double factor, double shift)
+{
+    return {p.x * factor + shift, p.y * factor + shift};
+}
 
 struct TestSegment
 {
     KPointD a, b;
 
+    /// Scaled about the origin, then shifted along both axes.
+    TestSegment Mapped(double factor, double shift) const
+    {
+        return {::Mapped(a, factor, shift), ::Mapped(b, factor, shift)};
+    }
     KPointD At(double t) const { return {a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)}; }
     double Length() const { return std::hypot(b.x - a.x, b.y - a.y); }
 };
@@ -21,6 +41,10 @@ struct TestArc
     double r;
     int sweep; ///< the sweep flag
 
+    TestArc Mapped(double factor, double shift) const
+    {
+        return {::Mapped(o, factor, shift), ::Mapped(s, factor, shift), ::Mapped(e, factor, shift), r * factor, sweep};
+    }
     double StartAngle() const { return std::atan2(s.y - o.y, s.x - o.x); }
     /// The signed angle from start to end in radians: a full turn when they are the same point.
     double Swept() const
