@@ -227,6 +227,9 @@ TEST(CKMathClearance, NamedPairs)
     ExpectPoints(p, {2, 0, 5, 0}, "one inside the other");
     EXPECT_NEAR(ClearanceOf(&p, outer, 0, inner, 0), 3, 1e-6);
     ExpectPoints(p, {5, 0, 2, 0}, "the other way round");
+    const TestArc below = {{0, 0}, {-1, 0}, {1, 0}, 1, 1}, around = {{0, 0}, {3, 0}, {-3, 0}, 3, 0};
+    EXPECT_EQ(ClearanceOf(&p, below, 0, around, 0), 2);
+    ExpectPoints(p, {-1, 0, -3, 0}, "of one centre: all facing pairs are equally near, arc 1's start is kept");
 }
 
 TEST(CKMathClearance, LawsOfAllPairs)

@@ -55,6 +55,8 @@ TEST(CKMathContact, SegmentsAgainstTheUnitCircle)
         {"passing", -2, 1.001, 2, 1.001, 1, 0, untouched},
         {"short of it", -3, 0, -1.001, 0, 1, 0, untouched},
         {"a point on it", 1, 0, 1, 0, 0, 1, {1, 0, 1, 0}},
+        {"from the circle inward", 1, 0, 0.5, 0, 0, 1, {1, 0, 1, 0}},
+        {"from inside onto the circle", 0.5, 0, 1, 0, 0, 1, {1, 0, 1, 0}},
     };
     for (const Case& c : cases) {
         KTwoPointD points = untouched;
