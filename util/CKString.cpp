@@ -106,9 +106,9 @@ CString CKString::ConvertWildCardToRegex(CString s)
 /// phrase takes it in like any other.
 void CKString::GetStringTokenArray(CString& s, CStringArray& tokens, CString delimiters)
 {
-    const CString copy(s); // `s` may be an element of the list, which moves when it grows
-    const std::string_view text = TextView(copy);
-    TokenJoiner joiner(tokens);
+    const std::string_view text = TextView(s);
+    CStringArray pieces; // on their own at first: `s` may be an element of `tokens`, which move when there are more
+    TokenJoiner joiner(pieces);
     for (size_t position = 0; position != std::string_view::npos;) {
         const size_t first = std::min(text.find_first_not_of(TextView(delimiters), position), text.size());
         const size_t last = std::min(text.find_first_of(TextView(delimiters), first), text.size());
@@ -116,6 +116,7 @@ void CKString::GetStringTokenArray(CString& s, CStringArray& tokens, CString del
         if (!joiner.Take(text.substr(first, last - first)))
             break;
     }
+    tokens.Append(pieces);
 }
 
 int CKString::IsExistStrArray(CStringArray& list, const CString& s)

@@ -8,12 +8,13 @@
 
 namespace {
 
-void TokensOf(CString& search, int tokenize, CStringArray& tokens)
+std::vector<CString> TokensOf(CString& search, int tokenize)
 {
-    if (tokenize)
-        CKString::GetStringTokenArray(search, tokens, " ");
-    else
-        tokens.Add(search);
+    if (!tokenize)
+        return {search};
+    CStringArray tokens;
+    CKString::GetStringTokenArray(search, tokens, " ");
+    return std::vector<CString>(tokens.GetData(), tokens.GetData() + tokens.GetSize());
 }
 
 /// Whether the token is an exact phrase: takes its quotes away in that case.
@@ -103,10 +104,7 @@ void FindMatches(const WildcardMatcher& matcher, CStringArray& data, CStringArra
 
 int CKString::SearchDataForWildCard(CString& search, CString& data, int tokenize)
 {
-    CStringArray tokens;
-    TokensOf(search, tokenize, tokens);
-    for (INT_PTR i = 0; i < tokens.GetSize(); ++i) {
-        CString token = tokens[i];
+    for (CString& token : TokensOf(search, tokenize)) {
         if (StripQuotes(token) && IsSameButForCase(data, token))
             return 1;
         data.MakeUpper();
@@ -118,11 +116,8 @@ int CKString::SearchDataForWildCard(CString& search, CString& data, int tokenize
 
 void CKString::SearchDataForWildCard(CString& search, CStringArray& data, CStringArray& found, int remove, int tokenize)
 {
-    CStringArray tokens;
-    TokensOf(search, tokenize, tokens);
     const WildcardMatcher::FoldTable upperCase = UpperCaseTable();
-    for (INT_PTR i = 0; i < tokens.GetSize(); ++i) {
-        CString token = tokens[i];
+    for (CString& token : TokensOf(search, tokenize)) {
         if (StripQuotes(token)) {
             FindPhrase(token, data, found, remove);
             return;
