@@ -53,6 +53,7 @@ TEST(CKStringSearch, MatchesOneText)
         {"no digit may be a line break", "a?b", "a\nb", 1, 1},
         {"a run may go on behind a break that something else took", "*?A*B", "XA\nAZB", 1, 1},
         {"a zero byte is a character", std::string("a?b\0*", 5), std::string("a\0b\0c", 5), 1, 1},
+        {"nor does it end a phrase", std::string("\"ab\0c\"", 6), "ab", 0, 0},
         {"of alternatives only the last is a prefix", "ab cd", "abx", 0, 1},
         {"the last one", "ab cd", "CDX", 1, 1},
         {"a wildcard in one takes that from all", "a* cd", "cdx", 0, 1},
