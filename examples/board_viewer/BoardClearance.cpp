@@ -48,7 +48,7 @@ void AppendPair(const Board& board, const CopperElement& a, const CopperElement&
 std::string NetColumn(const Board& board, int net)
 {
     const std::string name = NetName(board, net);
-    return name.empty() ? "-" : ColumnText(name);
+    return name.empty() ? "-" : PlainText(name);
 }
 
 double FileY(KPointD point)
@@ -100,7 +100,7 @@ std::string ClearanceLines(const Board& board, const std::vector<Clearance>& cle
     std::string text;
     for (const Clearance& c : clearances) {
         text +=
-            ColumnText(board.layers.Name(c.layer)) + '\t' + NetColumn(board, c.net1) + '\t' + NetColumn(board, c.net2);
+            PlainText(board.layers.Name(c.layer)) + '\t' + NetColumn(board, c.net1) + '\t' + NetColumn(board, c.net2);
         for (double number : {c.distance, c.point1.x, FileY(c.point1), c.point2.x, FileY(c.point2)})
             text += '\t' + FixedText(number);
         text += '\n';

@@ -58,7 +58,7 @@ std::string FoundLines(const std::vector<FoundItem>& items)
 {
     std::string text;
     for (const FoundItem& found : items) {
-        text += ColumnText(found.item.name);
+        text += PlainText(found.item.name);
         text += found.item.kind == NamedItem::Kind::Footprint ? "\tfootprint" : "\tnet";
         if (found.position)
             text += '\t' + FixedText(found.position->x) + '\t' + FixedText(-found.position->y);

@@ -98,16 +98,17 @@ void NeighbourGrid::VisitCells(KPointD from, KPointD to, double reach, VISIT vis
         std::swap(from, to);
     const int lastRow = Row(to.y + reach);
     for (int row = Row(from.y - reach); row <= lastRow; ++row) {
-        // The part of the segment whose copper can meet the row. The rows at the border have no end outward.
+        // The part of the segment whose copper can meet the row. What of it lies outside the grid is no further from
+        // the part in the row at the border.
         double low = from.x, high = to.x;
         const double rise = to.y - from.y;
         if (rise > 0) {
             const double slope = (to.x - from.x) / rise;
             const double down = bottom + row * cell - reach - from.y;
             const double up = bottom + (row + 1) * cell + reach - from.y;
-            if (row > 0 && down > 0)
+            if (down > 0)
                 low = from.x + std::min(down, rise) * slope;
-            if (row < rows - 1 && up < rise)
+            if (up < rise)
                 high = from.x + std::max(up, 0.0) * slope;
         }
         const int lastColumn = Column(std::max(low, high) + reach);

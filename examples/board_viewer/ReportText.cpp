@@ -1,5 +1,6 @@
 #include "ReportText.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -13,13 +14,10 @@ std::string FixedText(double value)
     return digits;
 }
 
-std::string ColumnText(const std::string& name)
+std::string PlainText(std::string text)
 {
-    std::string text = name;
-    for (char& c : text) {
-        if (static_cast<unsigned char>(c) < ' ')
-            c = '?';
-    }
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; }, '?');
     return text;
 }
 

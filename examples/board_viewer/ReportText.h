@@ -1,4 +1,4 @@
-/// What the viewer's reports in lines have in common: columns of texts and numbers.
+/// What the viewer's lines of text have in common, reports and messages alike.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@ namespace viewer {
 /// With four decimals, a tenth of a micrometre; never a negative zero.
 std::string FixedText(double millimetres);
 
-/// A name as one column of a line: control characters, which would end the column or the line, become question marks.
-std::string ColumnText(const std::string& name);
+/// Names and texts of files can hold tabs, line breaks and codes that a terminal obeys; each becomes a question mark.
+std::string PlainText(std::string text);
 
 } // namespace viewer

@@ -6,8 +6,8 @@
 #include "BoardFind.h"
 #include "BoardInfo.h"
 #include "Options.h"
+#include "ReportText.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <unistd.h>
@@ -47,12 +47,9 @@ private:
     int shown = -1;
 };
 
-/// Names and texts of files can hold line breaks and codes that a terminal obeys; neither belongs into a message.
-void PrintError(std::string text)
+void PrintError(const std::string& text)
 {
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; }, '?');
-    std::fprintf(stderr, "board_viewer: %s\n", text.c_str());
+    std::fprintf(stderr, "board_viewer: %s\n", PlainText(text).c_str());
 }
 
 [[noreturn]] void FailUnknownLayer(const BoardPicture& picture, const std::string& name)

@@ -81,6 +81,11 @@ TEST(BoardClearance, KnownPlaces)
          ViaItem("5 5", (through + " (remove_unused_layers)").c_str(), 1) +
              SegmentItem("(start 6 5) (end 6 9)", "0.8", 2, "In2.Cu") + SegmentItem("(start 6 5) (end 6 9)", "0.8", 2),
          "F.Cu A B 0.2000 5.4000 5.0000 5.6000 5.0000\nIn2.Cu A B 0.4000 5.2000 5.0000 5.6000 5.0000\n2 pairs\n"},
+        {"a track of its own net keeps the ring on one inner layer",
+         ViaItem("5 5", (through + " (remove_unused_layers)").c_str(), 1) +
+             SegmentItem("(start 5 5) (end 4 5)", "0.2", 1, "In1.Cu") +
+             SegmentItem("(start 6 5) (end 6 9)", "0.8", 2, "In1.Cu"),
+         "In1.Cu A B 0.2000 5.4000 5.0000 5.6000 5.0000\n1 pair\n"},
         {"an oval pad, upright by its angle, 3 high", kTrackA + PadItem("oval", "5 1.8 90", "3 1", 2),
          "F.Cu A B 0.2000 5.0000 0.1000 5.0000 0.3000\n1 pair\n"},
         {"a round pad on all layers of its set, one of them with a track",
@@ -95,9 +100,9 @@ TEST(BoardClearance, KnownPlaces)
          SegmentItem("(start 0 0) (end 20 0)", "0.2", 1) +
              "(arc (start 5 6) (mid 10 1) (end 15 6) (width 0.8) (layer \"F.Cu\") (net 2))",
          "0 pairs\n"},
-        {"and a little further",
-         SegmentItem("(start 0 0) (end 20 0)", "0.2", 1) +
-             "(arc (start 5 5.8) (mid 10 0.8) (end 15 5.8) (width 0.8) (layer F.Cu) (net 2))",
+        {"and a little further, the arc first",
+         "(arc (start 5 5.8) (mid 10 0.8) (end 15 5.8) (width 0.8) (layer F.Cu) (net 2))" +
+             SegmentItem("(start 0 0) (end 20 0)", "0.2", 1),
          "F.Cu A B 0.3000 10.0000 0.1000 10.0000 0.4000\n1 pair\n"},
         {"two arcs about one centre, radii 5 and 6; the first of the equally near places is an end",
          "(arc (start 5 0) (mid 0 5) (end -5 0) (width 0.4) (layer F.Cu) (net 1))"
@@ -161,15 +166,16 @@ Board RandomBoard(std::mt19937& random, double width, double height, int count)
 
 TEST(BoardClearance, TheGridMissesNothing)
 {
+    constexpr int kCount = 120;
     std::mt19937 random(20240611);
     const struct
     {
         double width, height, limit;
     } cases[] = {{50, 40, 0.3}, {50, 40, 12}, {50, 40, 1000}, {80, 0, 0.5}, {0, 80, 0.5}, {0, 0, 0.5}, {300, 1, 2}};
     for (const auto& c : cases) {
-        const Board board = RandomBoard(random, c.width, c.height, 60);
+        const Board board = RandomBoard(random, c.width, c.height, kCount);
         const std::vector<CopperElement> elements = CopperElements(board);
-        ASSERT_EQ(elements.size(), 60u);
+        ASSERT_EQ(elements.size(), size_t(kCount));
         std::vector<double> expected;
         for (size_t j = 0; j < elements.size(); ++j) {
             for (size_t i = 0; i < j; ++i) {
@@ -184,6 +190,32 @@ TEST(BoardClearance, TheGridMissesNothing)
             found.push_back(clearance.distance);
         EXPECT_EQ(found, expected) << c.width << " x " << c.height << ", " << c.limit;
     }
+}
+
+TEST(BoardClearance, TheGridFollowsFlatArcs)
+{
+    // 14 degrees of a circle of radius 100 mm, which rise 0.75 mm above their chord, and dots 0.1 mm outside of them.
+    const auto onCircle = [](double radius, double degrees) {
+        return KPointD{radius * std::sin(degrees * M_PI / 180), radius * std::cos(degrees * M_PI / 180)};
+    };
+    constexpr int kDots = 137;
+    Board board;
+    board.layers.Add("F.Cu");
+    Track arc;
+    arc.figure = FigureThroughPoints(onCircle(100, -7), onCircle(100, 0), onCircle(100, 7));
+    arc.figure.width = 0.1;
+    board.tracks.push_back(arc);
+    for (int i = 0; i < kDots; ++i) {
+        Track dot;
+        dot.net = 1;
+        dot.figure.start = dot.figure.end = onCircle(100.2, (i - kDots / 2) * 0.1);
+        dot.figure.width = 0.1;
+        board.tracks.push_back(dot);
+    }
+    const std::vector<Clearance> list = FindClearances(board, 0.11);
+    EXPECT_EQ(list.size(), size_t(kDots));
+    for (const Clearance& clearance : list)
+        EXPECT_NEAR(clearance.distance, 0.1, 1e-6);
 }
 
 // ---- Real boards against a slow second way
