@@ -55,6 +55,10 @@
 #include "painter/CKPainter.h"
 #include "painter/KRectangleD.h"
 
+#include "interaction/CKPcbElementInfo.h"
+#include "interaction/CKPcbElementInfoArray.h"
+#include "interaction/CKPickingHandler.h"
+
 #include "util/CKCommunicator.h"
 #include "util/CKDebuger.h"
 #include "util/CKString.h"

@@ -1,0 +1,10 @@
+#include "interaction/CKPcbElementInfoArray.h"
+
+template class CKArray<CKPcbElementInfo*, CKPcbElementInfo*>;
+
+CKPcbElementInfoArray::CKPcbElementInfoArray() = default;
+
+CKPcbElementInfoArray::~CKPcbElementInfoArray()
+{
+    RemoveAllAfterDelete();
+}
