@@ -33,6 +33,12 @@ constexpr DWORD GR_GDIOBJECTS = 0, GR_USEROBJECTS = 1;
 constexpr DWORD WS_OVERLAPPED = 0, WS_POPUP = 0x80000000, WS_CHILD = 0x40000000, WS_VISIBLE = 0x10000000;
 // clang-format on
 
+// ---- Mouse messages ----
+
+/// Buttons and keys held, as the flags of a message tell them, and one notch of the wheel.
+constexpr UINT MK_LBUTTON = 0x0001, MK_RBUTTON = 0x0002, MK_SHIFT = 0x0004, MK_CONTROL = 0x0008, MK_MBUTTON = 0x0010;
+constexpr int WHEEL_DELTA = 120;
+
 // ---- Clipboard ----
 
 /// One clipboard in the process. Opening it while another window (or a caller without one) holds it open fails.
