@@ -55,6 +55,7 @@
 #include "painter/CKPainter.h"
 #include "painter/KRectangleD.h"
 
+#include "interaction/CKEventHandler.h"
 #include "interaction/CKPcbElementInfo.h"
 #include "interaction/CKPcbElementInfoArray.h"
 #include "interaction/CKPickingHandler.h"
