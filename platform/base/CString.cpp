@@ -174,10 +174,10 @@ CString CString::Tokenize(LPCSTR delimiters, int& start) const
     return Mid(int(first), int(last - first));
 }
 
-int CString::CompareNoCase(LPCSTR other) const
+int CString::CompareNoCase(const CString& other) const
 {
-    CString mine(*this);
-    return mine.MakeLower().Compare(CString(other).MakeLower());
+    CString mine(*this), others(other);
+    return mine.MakeLower().Compare(others.MakeLower());
 }
 
 CString& CString::Append(LPCSTR text)

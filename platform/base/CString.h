@@ -71,7 +71,8 @@ public:
     /// 0 when equal, else the sign of the order of unsigned bytes.
     int Compare(const CString& other) const { return Sign(m_text.compare(other.m_text)); }
     int Compare(LPCSTR other) const { return Sign(m_text.compare(other ? other : "")); }
-    int CompareNoCase(LPCSTR other) const; ///< as if both were in lower case
+    int CompareNoCase(const CString& other) const; ///< as if both were in lower case
+    int CompareNoCase(LPCSTR other) const { return CompareNoCase(CString(other)); }
 
     /// Becomes the empty text.
     void Empty() { m_text.clear(); }

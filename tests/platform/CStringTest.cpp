@@ -91,6 +91,7 @@ TEST(CString, MappingLeavesHighBytesAlone)
     }
     EXPECT_EQ(CString("Pad").CompareNoCase("pAD"), 0);
     EXPECT_EQ(CString("Pad").CompareNoCase("pae"), -1);
+    EXPECT_EQ(CString("a\0b", 3).CompareNoCase(CString("A\0B", 3)), 0);
 }
 
 TEST(CString, ComparesBytesAsUnsignedNumbers)

@@ -99,10 +99,11 @@ TEST(CKStringSearch, ChangesTheTextToUpperCaseWhenItComesToMatching)
 
 TEST(CKStringSearch, CollectsAndRemovesFromLists)
 {
+    const std::string zero("a\0b", 3);
     const struct
     {
         const char* why;
-        const char* search;
+        std::string search;
         List data;
         int remove, tokenize;
         List found, left;
@@ -121,13 +122,14 @@ TEST(CKStringSearch, CollectsAndRemovesFromLists)
         {"an exact phrase: the first equal text", "\"abc\"", {"x", "ABC", "abc"}, 1, 0, {"ABC"}, {"x", "abc"}},
         {"which stays without removing", "\"abc\"", {"x", "ABC"}, 0, 0, {"ABC"}, {"x", "ABC"}},
         {"no prefix match for a phrase", "\"ab\"", {"abc"}, 1, 0, {}, {"abc"}},
+        {"a zero byte in a phrase is a character", "\"A" + zero.substr(1) + "\"", {"a", zero}, 1, 0, {zero}, {"a"}},
         {"tokenizing makes it a token", "\"ab c\" x", {"AB CD", "x"}, 1, 1, {"x"}, {"AB CD"}},
         {"no token, no match", "", {"a"}, 1, 1, {}, {"a"}},
         {"nothing untokenized matches all", "", {"a", "b\n", ""}, 1, 0, {"a", ""}, {"b\n"}},
         {"empty list", "*", {}, 1, 0, {}, {}},
     };
     for (const auto& c : cases) {
-        CString search(c.search);
+        CString search = TextOf(c.search);
         CStringArray data, found;
         for (const std::string& text : c.data)
             data.Add(TextOf(text));
