@@ -81,13 +81,13 @@ CStdioFile* CInternetSession::OpenURL(LPCTSTR url, DWORD_PTR context, DWORD flag
         return OpenLocalFile(parsed.Part(CURLUPART_PATH, CURLU_URLDECODE), context, text);
     if (scheme != "http" && scheme != "https")
         AfxThrowInternetException(context, ERROR_INTERNET_UNRECOGNIZED_SCHEME);
-    return OpenWebPage(parsed.Part(CURLUPART_URL), scheme == "https", context, text);
+    return OpenWebPage(parsed.Part(CURLUPART_URL), context, text);
 }
 
-CStdioFile* CInternetSession::OpenWebPage(LPCTSTR url, bool checked, DWORD_PTR context, bool text) const
+CStdioFile* CInternetSession::OpenWebPage(LPCTSTR url, DWORD_PTR context, bool text) const
 {
     const bool direct = m_accessType == INTERNET_OPEN_TYPE_DIRECT;
-    auto transfer = std::make_unique<afx::Transfer>(afx::Transfer::Request{url, m_agent, checked, direct});
+    auto transfer = std::make_unique<afx::Transfer>(afx::Transfer::Request{url, m_agent, direct});
     if (const DWORD error = transfer->Open())
         AfxThrowInternetException(context, error);
     return new CInternetFile(std::move(transfer), context, text);

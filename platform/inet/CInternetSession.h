@@ -36,7 +36,7 @@ public:
     void Close() { m_open = false; }
 
 private:
-    CStdioFile* OpenWebPage(LPCTSTR url, bool checked, DWORD_PTR context, bool text) const;
+    CStdioFile* OpenWebPage(LPCTSTR url, DWORD_PTR context, bool text) const;
 
     CString m_agent;
     DWORD m_accessType;

@@ -84,8 +84,7 @@ void Transfer::SetOptions(const Request& request)
     curl_easy_setopt(easy, CURLOPT_URL, request.url);
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L); // signals belong to the host
     curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http,https");
-    // Who asked for a checked connection must not be led away from it.
-    curl_easy_setopt(easy, CURLOPT_REDIR_PROTOCOLS_STR, request.checked ? "https" : "http,https");
+    curl_easy_setopt(easy, CURLOPT_REDIR_PROTOCOLS_STR, "http,https"); // less once one of them is https
     curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 1L);
     curl_easy_setopt(easy, CURLOPT_MAXREDIRS, kMostRedirects);
     curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT, kConnectSeconds);
@@ -168,8 +167,19 @@ size_t Transfer::OnHeader(char* line, size_t size, size_t count, void* self)
         curl_easy_getinfo(transfer.m_easy.get(), CURLINFO_RESPONSE_CODE, &status);
         const bool elsewhere = status / 100 == 3 && transfer.m_location;
         transfer.m_headersComplete = status / 100 != 1 && !elsewhere;
+        if (elsewhere)
+            transfer.StayChecked();
     }
     return size * count;
+}
+
+/// Who has a checked connection must not be led away from it, be it the first one or that of an earlier redirect.
+void Transfer::StayChecked()
+{
+    const char* url = nullptr; // that of the answer at hand
+    curl_easy_getinfo(m_easy.get(), CURLINFO_EFFECTIVE_URL, &url);
+    if (url && StartsWith(url, "https:"))
+        curl_easy_setopt(m_easy.get(), CURLOPT_REDIR_PROTOCOLS_STR, "https");
 }
 
 } // namespace afx

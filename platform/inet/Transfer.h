@@ -19,7 +19,6 @@ public:
     {
         const char* url;
         const char* agent; ///< names the program to the server; empty is not told
-        bool checked;      ///< the URL's scheme is https, and so has to be that of every redirect
         bool direct;       ///< passes the system's proxies by
     };
 
@@ -42,6 +41,7 @@ private:
     static size_t OnBytes(char* bytes, size_t size, size_t count, void* self);
     static size_t OnHeader(char* line, size_t size, size_t count, void* self);
     void SetOptions(const Request& request);
+    void StayChecked();
     void Step();
     bool HasBegun() const { return m_headersComplete || !m_bytes.empty(); }
 
