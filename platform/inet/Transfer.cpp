@@ -12,8 +12,7 @@ namespace afx {
 namespace {
 
 constexpr long kMostRedirects = 10;
-constexpr long kConnectSeconds = 60;
-constexpr long kSilentSeconds = 60;
+constexpr std::chrono::seconds kMostSilence(60);
 constexpr int kPollMilliseconds = 1000; // the library wakes up earlier for its own timers
 
 DWORD ReasonOf(CURLcode code)
@@ -87,9 +86,6 @@ void Transfer::SetOptions(const Request& request)
     curl_easy_setopt(easy, CURLOPT_REDIR_PROTOCOLS_STR, "http,https"); // less once one of them is https
     curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 1L);
     curl_easy_setopt(easy, CURLOPT_MAXREDIRS, kMostRedirects);
-    curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT, kConnectSeconds);
-    curl_easy_setopt(easy, CURLOPT_LOW_SPEED_LIMIT, 1L); // bytes a second
-    curl_easy_setopt(easy, CURLOPT_LOW_SPEED_TIME, kSilentSeconds);
     curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L); // a proxy's word is not the answer's beginning
     if (*request.agent)
         curl_easy_setopt(easy, CURLOPT_USERAGENT, request.agent);
@@ -103,6 +99,7 @@ void Transfer::SetOptions(const Request& request)
 
 DWORD Transfer::Open()
 {
+    m_lastHeard = Clock::now();
     while (!m_done && !HasBegun())
         Step();
     return HasBegun() ? 0 : ReasonOf(m_result);
@@ -111,6 +108,7 @@ DWORD Transfer::Open()
 DWORD Transfer::Fetch()
 {
     m_bytes.clear();
+    m_lastHeard = Clock::now(); // the library's own limits would count the time that the reader was away
     while (!m_done && m_bytes.empty())
         Step();
     if (m_outOfMemory)
@@ -118,31 +116,36 @@ DWORD Transfer::Fetch()
     return m_bytes.empty() ? ReasonOf(m_result) : 0;
 }
 
-/// Works on what has arrived. When that brings nothing to read, waits for the network.
+/// Works on what has arrived. When that brings nothing to read, waits for the network, unless it was silent for long.
 void Transfer::Step()
 {
     const size_t before = m_bytes.size();
     int running = 0;
     CURLMcode code = curl_multi_perform(m_multi.get(), &running);
-    if (code == CURLM_OK && running > 0 && m_bytes.size() == before)
+    if (code == CURLM_OK && running > 0 && m_bytes.size() == before) {
+        if (Clock::now() - m_lastHeard > kMostSilence)
+            return Finish(CURLE_OPERATION_TIMEDOUT);
         code = curl_multi_poll(m_multi.get(), nullptr, 0, kPollMilliseconds, nullptr);
-    if (code != CURLM_OK) {
-        m_done = true;
-        m_result = CURLE_FAILED_INIT;
-        return;
     }
+    if (code != CURLM_OK)
+        return Finish(CURLE_FAILED_INIT);
     int left = 0;
     while (const CURLMsg* message = curl_multi_info_read(m_multi.get(), &left)) {
-        if (message->msg == CURLMSG_DONE) {
-            m_done = true;
-            m_result = message->data.result;
-        }
+        if (message->msg == CURLMSG_DONE)
+            Finish(message->data.result);
     }
+}
+
+void Transfer::Finish(CURLcode result)
+{
+    m_done = true;
+    m_result = result;
 }
 
 size_t Transfer::OnBytes(char* bytes, size_t size, size_t count, void* self)
 {
     Transfer& transfer = *static_cast<Transfer*>(self);
+    transfer.m_lastHeard = Clock::now();
     try {
         transfer.m_bytes.append(bytes, size * count);
     } catch (const std::bad_alloc&) {
@@ -157,6 +160,7 @@ size_t Transfer::OnBytes(char* bytes, size_t size, size_t count, void* self)
 size_t Transfer::OnHeader(char* line, size_t size, size_t count, void* self)
 {
     Transfer& transfer = *static_cast<Transfer*>(self);
+    transfer.m_lastHeard = Clock::now();
     const std::string_view header(line, size * count);
     if (StartsWith(header, "HTTP/")) {
         transfer.m_location = false;

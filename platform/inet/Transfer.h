@@ -4,6 +4,7 @@
 
 #include <curl/curl.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -38,11 +39,14 @@ public:
     const std::string& Bytes() const { return m_bytes; }
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     static size_t OnBytes(char* bytes, size_t size, size_t count, void* self);
     static size_t OnHeader(char* line, size_t size, size_t count, void* self);
     void SetOptions(const Request& request);
     void StayChecked();
     void Step();
+    void Finish(CURLcode result);
     bool HasBegun() const { return m_headersComplete || !m_bytes.empty(); }
 
     struct EasyCleanup
@@ -57,6 +61,7 @@ private:
     std::unique_ptr<CURLM, MultiCleanup> m_multi;
     std::unique_ptr<CURL, EasyCleanup> m_easy;
     std::string m_bytes;
+    Clock::time_point m_lastHeard;  ///< when something arrived, or the wait for it began
     bool m_location = false;        ///< the answer at hand names another place
     bool m_headersComplete = false; ///< of the last answer: what follows is content
     bool m_outOfMemory = false;     ///< in a callback, which must not let exceptions through
