@@ -14,8 +14,8 @@ constexpr DWORD INTERNET_FLAG_TRANSFER_BINARY = 2;
 /// Opens URLs with the schemes http, https and file. Certificates are checked against the system's authorities.
 /// Redirects are followed, ten at most, but never from https to http nor to a file. The system's proxy settings are the
 /// environment variables `http_proxy`, `https_proxy`, `all_proxy` and `no_proxy`. An answer such as "404 Not Found" is
-/// content like any other. A call that hears nothing from the server for a minute ends the transfer; how long the caller
-/// waits between calls does not matter. Sessions share nothing, so each thread may use one of its own.
+/// content like any other. A call that hears nothing from the server for a minute ends the transfer; how long the
+/// caller waits between calls does not matter. Sessions share nothing, so each thread may use one of its own.
 class KOLM_API CInternetSession : public CObject
 {
 public:
