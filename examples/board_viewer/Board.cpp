@@ -1,5 +1,7 @@
 #include "Board.h"
 
+#include "Turning.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -28,22 +30,14 @@ double DistanceToSegment(KPointD a, KPointD b, KPointD p)
     return Distance({a.x + along * dx, a.y + along * dy}, p);
 }
 
-/// Angle travelled counter-clockwise from one direction to another, in [0, 2 pi).
-double TurnBetween(double from, double to)
-{
-    const double turn = std::fmod(to - from, 2 * M_PI);
-    return turn < 0 ? turn + 2 * M_PI : turn;
-}
-
 /// Inside the arc's sweep the nearest point lies on the ray from the centre, outside it is one of the ends.
 double DistanceToArc(const Figure& arc, KPointD p)
 {
     const KPointD& from = arc.counterClockwise ? arc.start : arc.end;
     const KPointD& to = arc.counterClockwise ? arc.end : arc.start;
-    const auto direction = [&](KPointD q) { return std::atan2(q.y - arc.centre.y, q.x - arc.centre.x); };
-
-    const double sweep = TurnBetween(direction(from), direction(to));
-    if (TurnBetween(direction(from), direction(p)) <= sweep)
+    const double first = DirectionFrom(arc.centre, from);
+    const double sweep = TurnBetween(first, DirectionFrom(arc.centre, to));
+    if (TurnBetween(first, DirectionFrom(arc.centre, p)) <= sweep)
         return std::fabs(Distance(p, arc.centre) - Distance(arc.start, arc.centre));
     return std::min(Distance(p, from), Distance(p, to));
 }

@@ -1,5 +1,7 @@
 #include "FigureReader.h"
 
+#include "Turning.h"
+
 #include <cmath>
 
 namespace viewer {
@@ -104,10 +106,7 @@ void AppendArcPoints(const SExpr& item, const Placement& placement, std::vector<
     const Figure arc = ReadArc(item, placement);
     points.push_back(arc.start);
     if (arc.kind == Figure::Kind::Arc) {
-        const double a1 = std::atan2(arc.start.y - arc.centre.y, arc.start.x - arc.centre.x);
-        const double a2 = std::atan2(arc.end.y - arc.centre.y, arc.end.x - arc.centre.x);
-        double sweep = std::fmod(arc.counterClockwise ? a2 - a1 : a1 - a2, 2 * M_PI);
-        sweep = sweep <= 0 ? sweep + 2 * M_PI : sweep;
+        const double sweep = SweepOfArc(arc.centre, arc.start, arc.end, arc.counterClockwise);
         const double step = arc.counterClockwise ? kStep : -kStep;
         for (int i = 1; i * kStep < sweep; ++i)
             points.push_back(Turned(arc.start, arc.centre, i * step));

@@ -1,5 +1,7 @@
 #include "NeighbourGrid.h"
 
+#include "Turning.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -24,12 +26,8 @@ void ForChords(const Figure& figure, VISIT visit)
     }
     const KPointD c = figure.centre;
     const double radius = std::hypot(figure.start.x - c.x, figure.start.y - c.y);
-    const double from = std::atan2(figure.start.y - c.y, figure.start.x - c.x);
-    const double to = std::atan2(figure.end.y - c.y, figure.end.x - c.x);
-    double sweep = figure.counterClockwise ? to - from : from - to;
-    if (sweep <= 0) // equal ends are a whole circle
-        sweep += 2 * M_PI;
-
+    const double from = DirectionFrom(c, figure.start);
+    const double sweep = SweepOfArc(c, figure.start, figure.end, figure.counterClockwise);
     const int count = int(sweep / kLargestStep) + 1;
     const double step = sweep / count;
     const double sagitta = radius * (1 - std::cos(step / 2));

@@ -1,4 +1,5 @@
 #include "BoardPicture.h"
+#include "Turning.h"
 
 #include "entities/CKGeomArc.h"
 #include "entities/CKGeomLine.h"
@@ -55,25 +56,18 @@ private:
         AddPoint(arc.GetStartX(), arc.GetStartY(), arc.GetThickness());
         AddPoint(arc.GetEndX(), arc.GetEndY(), arc.GetThickness());
 
-        const double from = std::atan2(arc.GetStartY() - cy, arc.GetStartX() - cx);
-        const double to = std::atan2(arc.GetEndY() - cy, arc.GetEndX() - cx);
-        const double sweep = arc.IsCCW() ? Turn(from, to) : Turn(to, from);
-        // The four outermost points of the circle, as far as the arc passes them. Equal ends are a whole circle.
+        const KPointD start = {arc.GetStartX(), arc.GetStartY()};
+        const double from = DirectionFrom({cx, cy}, start);
+        const double sweep = SweepOfArc({cx, cy}, start, {arc.GetEndX(), arc.GetEndY()}, arc.IsCCW());
+        // The four outermost points of the circle, as far as the arc passes them.
         constexpr double kOutermost[4][2] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
         for (int quarter = 0; quarter < 4; ++quarter) {
             const double direction = quarter * M_PI / 2;
-            const double way = arc.IsCCW() ? Turn(from, direction) : Turn(direction, from);
-            if (sweep == 0 || way <= sweep)
+            const double way = arc.IsCCW() ? TurnBetween(from, direction) : TurnBetween(direction, from);
+            if (way <= sweep)
                 AddPoint(cx + radius * kOutermost[quarter][0], cy + radius * kOutermost[quarter][1],
                          arc.GetThickness());
         }
-    }
-
-    /// The counter-clockwise way between two directions, from 0 up to a full turn.
-    static double Turn(double from, double to)
-    {
-        const double turn = std::fmod(to - from, 2 * M_PI);
-        return turn < 0 ? turn + 2 * M_PI : turn;
     }
 
     void AddPoint(double x, double y, double thickness)
