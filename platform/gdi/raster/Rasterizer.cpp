@@ -31,6 +31,15 @@ struct Rasterizer::Scratch
             spans.resize(rows);
     }
     void WideArc(const EllipseArc& arc, int32_t width, const Box& clip, PixelWriter& writer);
+    /// The ink's own writer, or where pieces of one stroke could undo each other, one that takes each pixel once.
+    PixelWriter* WriterFor(const DevicePath& path, const Box& visible, InkWriter& ink)
+    {
+        if (!ink.Toggles() || !HasSeveralPieces(path))
+            return ink.Get();
+        once.Begin(visible);
+        once.SetTarget(ink.Get());
+        return &once;
+    }
 };
 
 namespace {
@@ -88,11 +97,7 @@ void Rasterizer::StrokeCosmetic(const DevicePath& path, const uint8_t* dash, con
         DashedStroke(dash, ink, surface, visible, m_scratch->once).Draw(path, m_scratch->points);
         return;
     }
-    if (inkWriter.Toggles() && HasSeveralPieces(path)) {
-        m_scratch->once.Begin(visible);
-        m_scratch->once.SetTarget(writer);
-        writer = &m_scratch->once;
-    }
+    writer = m_scratch->WriterFor(path, visible, inkWriter);
     ForEachPiece(
         path, [] {}, [&](DevicePoint from, DevicePoint to) { DrawCosmeticLine(from, to, visible, *writer); },
         [&](const EllipseArc& arc) { DrawCosmeticArc(arc, visible, *writer); });
@@ -132,11 +137,7 @@ void Rasterizer::StrokeWide(const DevicePath& path, int32_t width, const Ink& in
         m_scratch->Capsule(path.Points()[0], path.Points()[1], width, visible, *writer);
         return;
     }
-    if (inkWriter.Toggles() && HasSeveralPieces(path)) {
-        m_scratch->once.Begin(visible);
-        m_scratch->once.SetTarget(writer);
-        writer = &m_scratch->once;
-    }
+    writer = m_scratch->WriterFor(path, visible, inkWriter);
     ForEachPiece(
         path, [] {}, [&](DevicePoint from, DevicePoint to) { m_scratch->Capsule(from, to, width, visible, *writer); },
         [&](const EllipseArc& arc) { m_scratch->WideArc(arc, width, visible, *writer); });
