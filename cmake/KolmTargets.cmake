@@ -37,9 +37,11 @@ function(kolm_add_tests name)
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
 endfunction()
 
-# kolm_add_bench(<name> <sources>...): one Google Benchmark program, run by hand, never by CTest.
+# kolm_add_bench(<name> <sources>...): one Google Benchmark program, run by bench/report, never by CTest. The target
+# kolm_benches builds all of them.
 function(kolm_add_bench name)
     add_executable(${name} ${ARGN})
     kolm_own_flags(${name})
     target_link_libraries(${name} PRIVATE Kolm::kolm benchmark::benchmark)
+    add_dependencies(kolm_benches ${name})
 endfunction()
