@@ -2,6 +2,7 @@
 #pragma once
 
 #include "KolmApi.h"
+#include "KolmVersion.h"
 
 #include <afx.h>
 #include <afxcoll.h>

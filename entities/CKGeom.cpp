@@ -1,5 +1,7 @@
 #include "entities/CKGeom.h"
 
+#include "KolmVersion.h"
+
 CKGeom::CKGeom() = default;
 
 CKGeom::~CKGeom() = default;
@@ -30,7 +32,7 @@ int CKGeom::operator!=(const CKGeom& other) const
 // corners.
 void CKGeom::Serialize(CArchive& ar)
 {
-    int version = 1;
+    int version = kKolmArchiveVersion;
     if (ar.IsStoring()) {
         ar << version << m_offsetX << m_offsetY;
     } else {

@@ -1,5 +1,7 @@
 #include "entities/CKGeomArc.h"
 
+#include "KolmVersion.h"
+
 CKGeomArc::CKGeomArc() = default;
 
 CKGeomArc::CKGeomArc(double startX, double startY, double endX, double endY, double centerX, double centerY,
@@ -26,7 +28,7 @@ int CKGeomArc::operator!=(const CKGeomArc& other) const
 void CKGeomArc::Serialize(CArchive& ar)
 {
     CKGeom::Serialize(ar);
-    int version = 1; // of this section; the header before it has its own
+    int version = kKolmArchiveVersion; // of this section; the header before it has its own
     if (ar.IsStoring()) {
         // The thickness stands between the end and the centre.
         ar << version << m_startX << m_startY << m_endX << m_endY << m_thickness;

@@ -1,5 +1,7 @@
 #include "entities/CKGeomContainer.h"
 
+#include "KolmVersion.h"
+
 #include "entities/CKGeomArc.h"
 #include "entities/CKGeomLine.h"
 #include "entities/CKGeomPoint.h"
@@ -109,7 +111,7 @@ void CKGeomContainer::Store(CArchive& ar)
     for (int i = 0; i < count; ++i)
         stored += GetAt(i) ? 1 : 0;
 
-    const int version = 1;
+    const int version = kKolmArchiveVersion;
     ar << version << stored;
     for (int i = 0; i < count; ++i) {
         CKGeom* shape = GetAt(i);

@@ -1,5 +1,7 @@
 #include "entities/CKGeomLine.h"
 
+#include "KolmVersion.h"
+
 #include "math/CKMath.h"
 
 CKGeomLine::CKGeomLine() = default;
@@ -25,7 +27,7 @@ int CKGeomLine::operator!=(const CKGeomLine& other) const
 void CKGeomLine::Serialize(CArchive& ar)
 {
     CKGeom::Serialize(ar);
-    int version = 1; // of this section; the header before it has its own
+    int version = kKolmArchiveVersion; // of this section; the header before it has its own
     if (ar.IsStoring()) {
         ar << version << m_startX << m_startY << m_endX << m_endY << m_thickness;
         return;

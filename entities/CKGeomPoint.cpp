@@ -1,5 +1,7 @@
 #include "entities/CKGeomPoint.h"
 
+#include "KolmVersion.h"
+
 CKGeomPoint::CKGeomPoint() = default;
 
 CKGeomPoint::CKGeomPoint(double x, double y) : m_x(x), m_y(y) {}
@@ -19,7 +21,7 @@ int CKGeomPoint::operator!=(const CKGeomPoint& other) const
 void CKGeomPoint::Serialize(CArchive& ar)
 {
     CKGeom::Serialize(ar);
-    int version = 1;
+    int version = kKolmArchiveVersion;
     if (ar.IsStoring()) {
         ar << version << m_x << m_y;
         return;

@@ -1,5 +1,7 @@
 #include "entities/CKGeomPolygon.h"
 
+#include "KolmVersion.h"
+
 #include "entities/CKGeomTreeCopy.h"
 
 CKGeomPolygon::CKGeomPolygon() = default;
@@ -54,7 +56,7 @@ int CKGeomPolygon::IsSameContent(const CKGeomContainer* a, const CKGeomContainer
 // Both containers are archived always, made for the purpose if need be: the record has no mark for a missing one.
 void CKGeomPolygon::Serialize(CArchive& ar)
 {
-    int version = 1;
+    int version = kKolmArchiveVersion;
     if (ar.IsStoring()) {
         ar << version;
     } else {

@@ -1,5 +1,7 @@
 #include "entities/CKGeomText.h"
 
+#include "KolmVersion.h"
+
 #include <utility>
 
 CKGeomText::CKGeomText(CString text, double x, double y, float angle, int fontSize)
@@ -23,7 +25,7 @@ int CKGeomText::operator!=(const CKGeomText& other) const
 void CKGeomText::Serialize(CArchive& ar)
 {
     CKGeom::Serialize(ar);
-    int version = 1; // of this section; the header before it has its own
+    int version = kKolmArchiveVersion; // of this section; the header before it has its own
     if (ar.IsStoring()) {
         ar << version << m_text << m_x << m_y << m_angle;
         return;

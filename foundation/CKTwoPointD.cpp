@@ -1,5 +1,7 @@
 #include "foundation/CKTwoPointD.h"
 
+#include "KolmVersion.h"
+
 int CKTwoPointD::operator==(const CKTwoPointD& other) const
 {
     // Shapes compare their corners through this, and a shape is equal to itself even with a NaN in them.
@@ -16,7 +18,7 @@ int CKTwoPointD::operator!=(const CKTwoPointD& other) const
 // Values go straight into the members as they are read, so that a record that ends early leaves what it had brought.
 void CKTwoPointD::Serialize(CArchive& ar)
 {
-    int version = 1;
+    int version = kKolmArchiveVersion;
     if (ar.IsStoring()) {
         ar << version << m_x1 << m_y1 << m_x2 << m_y2;
         return;

@@ -1,0 +1,6 @@
+#include "KolmVersion.h"
+
+const char* KolmVersion()
+{
+    return KOLM_PROJECT_VERSION;
+}
