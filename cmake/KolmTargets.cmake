@@ -20,10 +20,18 @@ function(kolm_library_settings target)
     target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
     target_link_options(${target} PRIVATE $<$<PLATFORM_ID:Linux>:-Wl,-Bsymbolic-functions>)
     target_compile_definitions(${target} PRIVATE KOLM_BUILDING)
-    target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/platform)
+    target_include_directories(${target} PUBLIC
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/platform>)
     set_target_properties(${target} PROPERTIES
         CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
-        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+        VERSION ${PROJECT_VERSION} SOVERSION ${KOLM_ABI_VERSION})
+endfunction()
+
+# kolm_public_headers(<files>...): headers of the calling folder that hosts include, directly or through another one.
+function(kolm_public_headers)
+    cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE folder)
+    list(TRANSFORM ARGN PREPEND ${folder}/)
+    set_property(GLOBAL APPEND PROPERTY KOLM_PUBLIC_HEADERS ${ARGN})
 endfunction()
 
 # kolm_add_tests(<name> <sources>...): one GoogleTest program, its cases registered with CTest one by one.
