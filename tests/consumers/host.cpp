@@ -1,5 +1,5 @@
-/// What each consumer project builds: a host that takes every way into the library once, so that a header, a symbol or a
-/// flag that does not travel with the target fails to build or to run.
+/// What each consumer project builds: a host that takes every way into the library once, so that a header, a symbol or
+/// a flag that does not travel with the target fails to build or to run.
 #include "foundation/CKRect.h"
 #include <afx.h>
 #include <kolm.h>

@@ -1,0 +1,12 @@
+# The first C++ block of a document has to be a source file, byte by byte.
+cmake_minimum_required(VERSION 3.20)
+file(READ ${README} text)
+string(FIND "${text}" "```cpp\n" start)
+string(SUBSTRING "${text}" ${start} -1 text)
+string(SUBSTRING "${text}" 7 -1 text)
+string(FIND "${text}" "```" end)
+string(SUBSTRING "${text}" 0 ${end} text)
+file(READ ${SOURCE} source)
+if(start EQUAL -1 OR NOT text STREQUAL source)
+    message(FATAL_ERROR "${README} shows another program than ${SOURCE}")
+endif()
