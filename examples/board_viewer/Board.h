@@ -70,6 +70,9 @@ struct Pad
     LayerSet layers = 0;
     LayerSet unlessUnused = 0; ///< as for vias
     KPointD centre{};
+    double width = 0; ///< as the file says, before the pad is turned
+    double height = 0;
+    int footprint = -1; ///< its number in the board's names; -1 for none
     int net = 0;
     Hole hole;
 };

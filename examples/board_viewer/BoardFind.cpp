@@ -49,7 +49,7 @@ std::vector<FoundItem> FindItems(const Board& board, const std::string& searchTe
             position = item.position;
         else if (const auto net = netPositions.find(item.net); net != netPositions.end())
             position = net->second;
-        found.push_back({item, position});
+        found.push_back({item, int(&item - board.names.data()), position});
     }
     return found;
 }

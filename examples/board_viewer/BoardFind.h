@@ -12,6 +12,7 @@ namespace viewer {
 struct FoundItem
 {
     NamedItem item;
+    int number = 0;                  ///< of the item in the board's names
     std::optional<KPointD> position; ///< in Kolm's frame; none for a net that nothing belongs to
 };
 

@@ -101,33 +101,44 @@ private:
 
 BoardPainter::BoardPainter(const BoardPicture& source) : picture(source)
 {
-    for (const auto& layer : picture.layers)
-        shown.push_back(layer.get());
+    ShowAll();
     Init();
+}
+
+void BoardPainter::ShowAll()
+{
+    shown.clear();
+    for (const auto& layer : picture.layers)
+        shown.push_back({layer.get(), layer->colour});
 }
 
 void BoardPainter::ShowFromBack()
 {
     SetBoardMirrorX(1);
-    shown.clear();
-    for (const auto& layer : picture.layers)
-        shown.push_back(layer.get());
-    std::stable_sort(shown.begin(), shown.end(), [](const PictureLayer* a, const PictureLayer* b) {
-        return LayerRankFromBack(a->name) < LayerRankFromBack(b->name);
+    ShowAll();
+    std::stable_sort(shown.begin(), shown.end(), [](const ShownLayer& a, const ShownLayer& b) {
+        return LayerRankFromBack(a.layer->name) < LayerRankFromBack(b.layer->name);
     });
 }
 
-void BoardPainter::ShowLayers(std::vector<const PictureLayer*> layers)
+void BoardPainter::ShowLayers(const std::vector<const PictureLayer*>& layers)
 {
-    shown = std::move(layers);
+    shown.clear();
+    for (const PictureLayer* layer : layers)
+        shown.push_back({layer, layer->colour});
     // What is drilled is drilled through all copper, so the holes belong to any view of it.
     const bool copper =
-        std::any_of(shown.begin(), shown.end(), [](const PictureLayer* layer) { return IsCopper(layer->name); });
+        std::any_of(layers.begin(), layers.end(), [](const PictureLayer* layer) { return IsCopper(layer->name); });
     for (std::string_view name : {kHolesName, kBareHolesName}) {
         const PictureLayer* holes = picture.Find(name);
-        if (copper && holes && std::find(shown.begin(), shown.end(), holes) == shown.end())
-            shown.push_back(holes);
+        if (copper && holes && std::find(layers.begin(), layers.end(), holes) == layers.end())
+            shown.push_back({holes, holes->colour});
     }
+}
+
+void BoardPainter::ShowLayers(std::vector<ShownLayer> layers)
+{
+    shown = std::move(layers);
 }
 
 int BoardPainter::IsExistData(CWnd*)
@@ -148,12 +159,12 @@ KRectangleD BoardPainter::GetTargetSize()
 
 void BoardPainter::DrawBody(CWnd*, CDC* dc)
 {
-    for (const PictureLayer* layer : shown)
-        DrawLayer(dc, *layer);
+    for (const ShownLayer& layer : shown)
+        DrawLayer(dc, *layer.layer, layer.colour);
 }
 
 /// Dispatches by type code, as the library's factory does. Kinds that the viewer never stores draw nothing.
-void BoardPainter::DrawLayer(CDC* dc, const PictureLayer& layer)
+void BoardPainter::DrawLayer(CDC* dc, const PictureLayer& layer, COLORREF colour)
 {
     for (int i = 0; i < layer.shapes.GetCount(); ++i) {
         CKGeom* shape = layer.shapes.GetAt(i);
@@ -161,16 +172,16 @@ void BoardPainter::DrawLayer(CDC* dc, const PictureLayer& layer)
             continue;
         switch (shape->GetType()) {
         case 1:
-            DrawTextShape(dc, layer.colour, static_cast<CKGeomText&>(*shape));
+            DrawTextShape(dc, colour, static_cast<CKGeomText&>(*shape));
             break;
         case 2:
-            DrawLineShape(dc, layer.colour, static_cast<CKGeomLine&>(*shape));
+            DrawLineShape(dc, colour, static_cast<CKGeomLine&>(*shape));
             break;
         case 3:
-            DrawArcShape(dc, layer.colour, static_cast<CKGeomArc&>(*shape));
+            DrawArcShape(dc, colour, static_cast<CKGeomArc&>(*shape));
             break;
         case 6:
-            DrawPolygonShape(dc, layer.colour, static_cast<CKGeomPolygon&>(*shape));
+            DrawPolygonShape(dc, colour, static_cast<CKGeomPolygon&>(*shape));
             break;
         default:
             break;

@@ -309,6 +309,11 @@ TextStyle TextStyle::Of(CKGeomText& text)
     return style;
 }
 
+void AppendShapes(const Figure& figure, PictureLayer& layer)
+{
+    LayerWriter(layer).AddFigure(figure);
+}
+
 BoardPicture MakePicture(const Board& board)
 {
     return PictureMaker(board).Make();

@@ -37,6 +37,9 @@ struct BoardPicture
 
 BoardPicture MakePicture(const Board& board);
 
+/// Appends to a layer the shapes that show a figure, as MakePicture does.
+void AppendShapes(const Figure& figure, PictureLayer& layer);
+
 /// How a text shape is drawn, beyond its string, its place (the start of the baseline) and its angle. It travels in the
 /// shape's min/max pair, which belongs to the host and is archived with the shape; the font size of a text shape is
 /// not.

@@ -26,20 +26,6 @@ Figure DiscAt(KPointD centre, double diameter)
     return disc;
 }
 
-/// A slot is a line as long as its sides differ, along the longer one.
-Figure HoleFigure(const Hole& hole)
-{
-    const double across = std::min(hole.width, hole.height);
-    const double half = (std::max(hole.width, hole.height) - across) / 2;
-    const double angle = (hole.angle + (hole.width >= hole.height ? 0 : 90)) * M_PI / 180;
-    Figure slot = DiscAt(hole.centre, across);
-    if (half > 0) {
-        slot.start = {hole.centre.x - half * std::cos(angle), hole.centre.y - half * std::sin(angle)};
-        slot.end = {hole.centre.x + half * std::cos(angle), hole.centre.y + half * std::sin(angle)};
-    }
-    return slot;
-}
-
 /// Gathers elements; what is on no copper layer is none.
 class Collector
 {
@@ -134,6 +120,20 @@ MeasuredGap MeasureArcs(const Figure& a, const Figure& b)
 }
 
 } // namespace
+
+/// As long as its sides differ.
+Figure HoleFigure(const Hole& hole)
+{
+    const double across = std::min(hole.width, hole.height);
+    const double half = (std::max(hole.width, hole.height) - across) / 2;
+    const double angle = (hole.angle + (hole.width >= hole.height ? 0 : 90)) * M_PI / 180;
+    Figure slot = DiscAt(hole.centre, across);
+    if (half > 0) {
+        slot.start = {hole.centre.x - half * std::cos(angle), hole.centre.y - half * std::sin(angle)};
+        slot.end = {hole.centre.x + half * std::cos(angle), hole.centre.y + half * std::sin(angle)};
+    }
+    return slot;
+}
 
 std::vector<CopperElement> CopperElements(const Board& board)
 {

@@ -17,6 +17,9 @@ struct CopperElement
 /// its bare hole is an element of its own: the plating is still there. Other pads, areas and graphics are left out.
 std::vector<CopperElement> CopperElements(const Board& board);
 
+/// A drilled hole as a line with round ends along its longer side; a round one is a disc.
+Figure HoleFigure(const Hole& hole);
+
 /// What the library measures between two elements, on whichever layer they share.
 struct MeasuredGap
 {

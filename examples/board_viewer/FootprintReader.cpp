@@ -63,17 +63,20 @@ void ReadFootprintInto(Board& board, const SExpr& footprint)
     const Placement placement(position, footprint.Find("at").Number(2));
     // Both are needed before the first text is read: a text can come before the reference that it names.
     const Variables variables = {TextOfKind(footprint, "reference"), TextOfKind(footprint, "value")};
+    const int number = int(board.names.size());
     board.names.push_back({NamedItem::Kind::Footprint, variables.reference, position, 0});
 
     for (SExpr item = footprint.First(); item; item = item.Next()) {
-        if (item.Is("pad"))
+        if (item.Is("pad")) {
             board.pads.push_back(ReadPad(item, placement, board.layers));
-        else if (item.Is("fp_text"))
+            board.pads.back().footprint = number;
+        } else if (item.Is("fp_text")) {
             ReadFootprintTextInto(board, item, placement, variables);
-        else if (item.Is("zone"))
+        } else if (item.Is("zone")) {
             ReadZoneInto(board, item);
-        else if (item.IsList())
+        } else if (item.IsList()) {
             ReadGraphicInto(board, item, placement);
+        }
     }
 }
 

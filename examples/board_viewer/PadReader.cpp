@@ -185,6 +185,8 @@ Pad ReadPad(const SExpr& item, const Placement& footprint, LayerTable& layers)
 
     const SExpr sizes = item.Find("size");
     const PadSize size = {std::fabs(sizes.Number(0)), std::fabs(sizes.Number(1))};
+    pad.width = size.width;
+    pad.height = size.height;
     // Only a hole without plating counts: a plated one keeps its barrel, however thin the rim.
     // Nothing of the pad is left around such a hole.
     pad.hole.bare = type == "np_thru_hole" && pad.hole.width >= size.width && pad.hole.height >= size.height;

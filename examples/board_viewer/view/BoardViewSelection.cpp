@@ -1,0 +1,264 @@
+#include "BoardView.h"
+
+#include "ReportText.h"
+#include "StatusTexts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+// What is picked, measured and found in a view, and the texts about it.
+
+namespace viewer {
+
+namespace {
+
+/// Exclusive-or with this changes each channel by at least 64 whatever was there; white would leave a middle grey as it
+/// is.
+constexpr Colour kPickColour = 0xC0C0C0;
+constexpr Colour kMeasureColour = 0xC0C0C0;
+
+constexpr double kMatchShare = 0.4; ///< of the window, which a match fills that has to be brought nearer
+constexpr int kSmallestMatch = 24;  ///< pixels; smaller ones are brought nearer
+
+std::vector<const Figure*> InkOf(const std::vector<BoardElement*>& elements)
+{
+    std::vector<const Figure*> ink;
+    for (const BoardElement* element : elements) {
+        for (const Figure& figure : element->ink)
+            ink.push_back(&figure);
+    }
+    return ink;
+}
+
+} // namespace
+
+void BoardView::Pick(CPoint pixel)
+{
+    if (!EnsureView())
+        return;
+    second.Unpicking();
+    first.Click(pixel.x, pixel.y);
+    SelectionChanged();
+}
+
+void BoardView::PickSecond(CPoint pixel)
+{
+    if (!first.Current()) {
+        Pick(pixel);
+        return;
+    }
+    second.Click(pixel.x, pixel.y, first.Current());
+    SelectionChanged();
+}
+
+void BoardView::ClearPick()
+{
+    if (!first.IsPick() && !second.IsPick())
+        return;
+    ForgetSelection();
+    SelectionChanged();
+}
+
+void BoardView::ForgetSelection()
+{
+    first.Unpicking();
+    second.Unpicking();
+    gap.reset();
+    pickShapes.DeleteElements();
+    measureShapes.DeleteElements();
+}
+
+/// Makes the overlays of what is picked now. The frame stays as it is.
+void BoardView::SelectionChanged()
+{
+    pickShapes.DeleteElements();
+    measureShapes.DeleteElements();
+    gap.reset();
+    // One shape for both picks: where they overlap, exclusive-or would show neither.
+    std::vector<BoardElement*> picked = first.Picked();
+    if (BoardElement* const other = second.Current()) {
+        picked.push_back(other);
+        gap = MeasureElements(*first.Current(), *other);
+    }
+    if (!picked.empty())
+        pickShapes.Add(new OverlayShape(InkOf(picked), kPickColour));
+    if (gap) {
+        Figure line;
+        line.start = gap->first;
+        line.end = gap->second;
+        measureShapes.Add(new OverlayShape({&line}, kMeasureColour));
+    }
+    overlayDue = true;
+    if (repaint)
+        repaint();
+}
+
+/// What can no longer be seen is no longer picked.
+void BoardView::LayersChanged()
+{
+    UpdateLayers();
+    const auto isHidden = [this](BoardElement* element) { return element && !IsVisible(*element); };
+    if (isHidden(first.Current()) || isHidden(second.Current()))
+        ClearPick();
+}
+
+bool BoardView::IsVisible(const BoardElement& element) const
+{
+    for (size_t bit = 0; bit < scene.layerNames.size(); ++bit) {
+        if ((element.layers >> bit & 1) != 0 && layers.IsVisible(scene.layerNames[bit]))
+            return true;
+    }
+    return false;
+}
+
+// ---- Searching
+
+const std::vector<FoundItem>& BoardView::Find(const std::string& pattern)
+{
+    const bool blank = pattern.find_first_not_of(' ') == std::string::npos;
+    matches = blank || !file->board ? std::vector<FoundItem>() : FindItems(*file->board, pattern);
+    if (othersDimmed)
+        DimOthers(true);
+    return matches;
+}
+
+std::vector<BoardElement*> BoardView::ElementsOf(const FoundItem& found) const
+{
+    std::vector<BoardElement*> elements;
+    for (const auto& element : scene.board.elements) {
+        const bool belongs = found.item.kind == NamedItem::Kind::Net
+                                 ? element->net == found.item.net
+                                 : element->owner && element->owner->number == found.number;
+        if (belongs)
+            elements.push_back(element.get());
+    }
+    return elements;
+}
+
+bool BoardView::ShowMatch(int match)
+{
+    if (match < 0 || size_t(match) >= matches.size())
+        return false;
+    const FoundItem& found = matches[size_t(match)];
+    const std::vector<BoardElement*> elements = ElementsOf(found);
+    if (!found.position || !EnsureView())
+        return false;
+    BringIntoView(elements, *found.position);
+    second.Unpicking();
+    first.PickAll(elements);
+    SelectionChanged();
+    return true;
+}
+
+/// Moves the view only when the box is not to be seen whole, or too small to be found.
+void BoardView::BringIntoView(const std::vector<BoardElement*>& elements, KPointD position)
+{
+    CKRectD box;
+    box.MergePoint(position.x, position.y);
+    for (BoardElement* element : elements)
+        box.Merge(element->GetRectangleArea());
+    const double pixelsPerMM = painter->GetScale() * painter->GetPixcelPerMM();
+    const bool large = std::max(box.GetWidth(), box.GetHeight()) * pixelsPerMM >= kSmallestMatch;
+    const bool inside =
+        box.GetLeft() >= painter->GetLogicalScreenLeft() && box.GetRight() <= painter->GetLogicalScreenRight() &&
+        box.GetBottom() >= painter->GetLogicalScreenBottom() && box.GetTop() <= painter->GetLogicalScreenTop();
+    if (large && inside)
+        return;
+    constexpr double kSmallestSide = 2; // millimetres, of what is shown around a single point
+    const bool fits = box.GetWidth() * pixelsPerMM <= width && box.GetHeight() * pixelsPerMM <= height;
+    const KPointD middle = box.GetCenter();
+    const double x = IsFromBack() ? -middle.x : middle.x;
+    if (large && fits)
+        painter->SetLogicalCenter(x, middle.y);
+    else
+        painter->ZoomArea(width, height, x, middle.y, std::max(box.GetWidth(), kSmallestSide),
+                          std::max(box.GetHeight(), kSmallestSide), kMatchShare);
+    EnsureView();
+    Invalidate();
+}
+
+void BoardView::DimOthers(bool dim)
+{
+    othersDimmed = dim;
+    layers.SetAllDimmed(dim);
+    highlights.clear();
+    if (dim)
+        MakeHighlights();
+    UpdateLayers();
+}
+
+/// The shapes of the matches' elements, one layer of them for each layer of the board.
+void BoardView::MakeHighlights()
+{
+    for (const auto& layer : file->picture.layers) {
+        auto bright = std::make_unique<PictureLayer>();
+        bright->name = layer->name;
+        bright->colour = layer->colour;
+        for (const FoundItem& found : matches) {
+            for (const BoardElement* element : ElementsOf(found)) {
+                const int bit = file->board->layers.Find(layer->name);
+                for (const Figure& figure : element->ink) {
+                    if (bit >= 0 && (element->layers >> bit & 1) != 0 && layers.IsVisible(layer->name))
+                        AppendShapes(figure, *bright);
+                }
+            }
+        }
+        if (bright->shapes.GetCount() > 0)
+            highlights.push_back(std::move(bright));
+    }
+}
+
+// ---- Texts
+
+void BoardView::SetCursor(CPoint pixel)
+{
+    cursor = pixel;
+}
+
+void BoardView::ClearCursor()
+{
+    cursor.reset();
+}
+
+std::string BoardView::CursorText()
+{
+    const std::optional<KPointD> point = cursor ? BoardPoint(*cursor) : std::nullopt;
+    return point ? PlaceText(*point) + " mm" : std::string();
+}
+
+std::string BoardView::ScaleText()
+{
+    if (!EnsureView())
+        return {};
+    char text[64];
+    std::snprintf(text, sizeof text, "scale %.4g %%", painter->GetScale() * 100);
+    return text;
+}
+
+std::string BoardView::PickText()
+{
+    if (gap)
+        return GapText(*gap);
+    if (const BoardElement* const element = first.Current())
+        return ElementText(*file->board, *element);
+    const std::vector<BoardElement*> picked = first.Picked();
+    return picked.empty() ? std::string() : std::to_string(picked.size()) + " elements";
+}
+
+std::string BoardView::StatusText()
+{
+    std::string status;
+    for (const std::string& text : {CursorText(), ScaleText(), PickText()}) {
+        if (!text.empty())
+            status += (status.empty() ? "" : "   ") + text;
+    }
+    return status;
+}
+
+std::string BoardView::MeasureText()
+{
+    return gap ? GapText(*gap) : std::string();
+}
+
+} // namespace viewer
