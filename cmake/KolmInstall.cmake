@@ -60,3 +60,7 @@ function(kolm_install_viewer target)
     endif()
     install(TARGETS ${target} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT viewer)
 endfunction()
+
+if(PROJECT_IS_TOP_LEVEL)
+    include(${CMAKE_CURRENT_LIST_DIR}/KolmPackages.cmake)
+endif()

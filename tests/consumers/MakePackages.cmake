@@ -1,0 +1,41 @@
+# Makes the three packages, looks at what they say of themselves and unpacks them into one root.
+cmake_minimum_required(VERSION 3.20)
+file(REMOVE_RECURSE ${ROOT} ${ROOT}.debs)
+file(MAKE_DIRECTORY ${ROOT} ${ROOT}.debs)
+execute_process(COMMAND ${CPACK} -G DEB -B ${ROOT}.debs WORKING_DIRECTORY ${BUILD} OUTPUT_QUIET
+    COMMAND_ERROR_IS_FATAL ANY)
+file(GLOB packages ${ROOT}.debs/*.deb)
+set(names "")
+set(contents "")
+foreach(package IN LISTS packages)
+    execute_process(COMMAND ${DPKG_DEB} -f ${package} Package OUTPUT_VARIABLE name OUTPUT_STRIP_TRAILING_WHITESPACE
+        COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND ${DPKG_DEB} -f ${package} Depends OUTPUT_VARIABLE needs_${name} COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND ${DPKG_DEB} --fsys-tarfile ${package} OUTPUT_FILE ${ROOT}.debs/files.tar
+        COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND ${CMAKE_COMMAND} -E tar tf ${ROOT}.debs/files.tar OUTPUT_VARIABLE files
+        COMMAND_ERROR_IS_FATAL ANY)
+    string(REGEX MATCHALL "[^\n]*[^/\n]\n" files "${files}")
+    list(APPEND contents ${files})
+    list(APPEND names ${name})
+    execute_process(COMMAND ${DPKG_DEB} -x ${package} ${ROOT} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+
+list(SORT names)
+if(NOT names STREQUAL "kolm-viewer;libkolm-dev;libkolm${ABI}")
+    message(SEND_ERROR "packages: ${names}")
+endif()
+set(unique ${contents})
+list(REMOVE_DUPLICATES unique)
+if(NOT unique STREQUAL contents)
+    message(SEND_ERROR "a file lies in two packages")
+endif()
+foreach(user kolm-viewer libkolm-dev)
+    if(NOT "${needs_${user}}" MATCHES "libkolm${ABI} \\(= ${VERSION}\\)")
+        message(SEND_ERROR "${user} needs: ${needs_${user}}")
+    endif()
+endforeach()
+# What the library itself needs is read from it, if the machine has the tool for that.
+if(SHLIBDEPS AND NOT "${needs_libkolm${ABI}}" MATCHES "libfreetype6")
+    message(SEND_ERROR "libkolm${ABI} needs: ${needs_libkolm${ABI}}")
+endif()
