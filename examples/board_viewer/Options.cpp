@@ -2,9 +2,12 @@
 
 #include "SExpr.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <filesystem>
+#include <iterator>
+#include <set>
 
 // Arguments are checked before any file is opened, so that a mistyped option costs no waiting. Numbers are read without
 // a locale: a decimal point is a point everywhere.
@@ -12,8 +15,6 @@
 namespace viewer {
 
 namespace {
-
-constexpr int kLargestPicture = 16384; // pixels a side: a gigabyte of bitmap
 
 /// Always at least one part; empty parts stay, for the caller to refuse.
 std::vector<std::string> SplitAt(char separator, const std::string& text)
@@ -42,12 +43,22 @@ PictureSize ParseSize(const std::string& text)
 {
     const std::vector<std::string> parts = SplitAt('x', text);
     PictureSize size;
-    const auto isSide = [](int side) { return side >= 1 && side <= kLargestPicture; };
     if (parts.size() != 2 || !ParseWhole(parts[0], size.width) || !ParseWhole(parts[1], size.height) ||
-        !isSide(size.width) || !isSide(size.height))
-        throw std::runtime_error("--size " + text + ": expected WIDTHxHEIGHT in pixels, each from 1 to " +
-                                 std::to_string(kLargestPicture));
+        !IsPossibleSize(size.width, size.height))
+        throw std::runtime_error("--size " + text + ": expected WIDTHxHEIGHT in pixels, together at most " +
+                                 std::to_string(int(kMostPixels)));
     return size;
+}
+
+/// "600" or "23.6", in `unit`. What the size comes to is known when the board is.
+double ParseScale(const char* option, const char* unit, const std::string& text)
+{
+    constexpr double kLargest = 1e6; // pixels smaller than an atom's width help nobody
+    double value = 0;
+    if (!ParseWhole(text, value) || !(value > 0) || value > kLargest)
+        throw std::runtime_error(std::string(option) + ' ' + text + ": expected " + unit +
+                                 ", above 0 and at most 1000000");
+    return value;
 }
 
 /// "X1,Y1,X2,Y2". An area without extent could not be framed. NaN fails the comparison with the largest number.
@@ -85,6 +96,36 @@ double ParseClearance(const std::string& text)
     return value;
 }
 
+/// An option of the command line: how many values follow it, and what they do.
+struct KnownOption
+{
+    std::string_view name;
+    size_t values;
+    void (*take)(Options& options, const std::string* values);
+};
+
+constexpr KnownOption kKnownOptions[] = {
+    {"--export", 1, [](Options& o, const std::string* v) { o.exportPath = v[0]; }},
+    {"--archive", 1, [](Options& o, const std::string* v) { o.archivePath = v[0]; }},
+    {"--size", 1, [](Options& o, const std::string* v) { o.size = ParseSize(v[0]); }},
+    {"--dpi", 1,
+     [](Options& o, const std::string* v) {
+         o.size.pixelsPerMm = ParseScale("--dpi", "dots per inch", v[0]) / kMillimetresPerInch;
+     }},
+    {"--px-per-mm", 1,
+     [](Options& o, const std::string* v) {
+         o.size.pixelsPerMm = ParseScale("--px-per-mm", "pixels per millimetre", v[0]);
+     }},
+    {"--area", 1, [](Options& o, const std::string* v) { o.area = ParseArea(v[0]); }},
+    {"--layers", 1, [](Options& o, const std::string* v) { o.layers = SplitAt(',', v[0]); }},
+    {"--mirror", 0, [](Options& o, const std::string*) { o.mirror = true; }},
+    {"--info", 0, [](Options& o, const std::string*) { o.info = true; }},
+    {"--clearance", 1, [](Options& o, const std::string* v) { o.clearance = ParseClearance(v[0]); }},
+    {"--find", 1, [](Options& o, const std::string* v) { o.find = v[0]; }},
+    {"--json", 0, [](Options& o, const std::string*) { o.json = true; }},
+    {"--help", 0, [](Options& o, const std::string*) { o.help = true; }},
+};
+
 /// Takes the arguments one after the other.
 class Parser
 {
@@ -101,64 +142,73 @@ public:
     }
 
 private:
-    /// One option with its value, or the file.
+    /// One option with its values, or the file.
     void TakeArgument(const std::string& argument)
     {
-        if (argument == "--export")
-            options.exportPath = TakeValue(argument);
-        else if (argument == "--archive")
-            options.archivePath = TakeValue(argument);
-        else if (argument == "--size")
-            options.size = ParseSize(TakeValue(argument));
-        else if (argument == "--area")
-            options.area = ParseArea(TakeValue(argument));
-        else if (argument == "--layers")
-            options.layers = SplitAt(',', TakeValue(argument));
-        else if (argument == "--mirror")
-            options.mirror = true;
-        else if (argument == "--info")
-            options.info = true;
-        else if (argument == "--clearance")
-            options.clearance = ParseClearance(TakeValue(argument));
-        else if (argument == "--find")
-            options.find = TakeValue(argument);
-        else if (argument == "--json")
-            options.json = true;
-        else if (argument == "--help" || argument == "-h")
-            options.help = true;
-        else if (argument.size() > 1 && argument[0] == '-')
-            throw std::runtime_error("unknown option " + argument);
+        if (argument.size() > 1 && argument[0] == '-')
+            TakeOption(argument == "-h" ? "--help" : argument);
         else if (!options.input.empty())
             throw std::runtime_error("one file at a time: " + options.input + " or " + argument);
         else
             options.input = argument;
     }
 
-    /// The argument after an option. An empty one is refused: it would read as if the option were not given.
-    const std::string& TakeValue(const std::string& option)
+    /// An option given twice is refused: one of the two would silently count for nothing.
+    void TakeOption(const std::string& name)
+    {
+        const auto known = std::find_if(std::begin(kKnownOptions), std::end(kKnownOptions),
+                                        [&](const KnownOption& option) { return option.name == name; });
+        if (known == std::end(kKnownOptions))
+            throw std::runtime_error("unknown option " + name);
+        if (!given.insert(known->name).second)
+            throw std::runtime_error(name + " is given twice");
+        const std::string* values = arguments.data() + next;
+        for (size_t i = 0; i < known->values; ++i)
+            CheckValue(*known);
+        known->take(options, values);
+    }
+
+    /// The next argument is a value of the option. An empty one is refused: it would read as if the option were not
+    /// given.
+    void CheckValue(const KnownOption& option)
     {
         if (next >= arguments.size() || arguments[next].empty())
-            throw std::runtime_error(option + " needs a value");
-        return arguments[next++];
+            throw std::runtime_error(std::string(option.name) + " needs " +
+                                     (option.values == 1 ? "a value" : std::to_string(option.values) + " values"));
+        ++next;
     }
+
+    bool IsGiven(std::string_view option) const { return given.count(option) != 0; }
 
     /// What only all arguments together can tell.
     void Check() const
     {
+        if (IsGiven("--size") + IsGiven("--dpi") + IsGiven("--px-per-mm") > 1)
+            throw std::runtime_error("one size at a time: --size, --dpi or --px-per-mm");
+        if (options.json && !options.clearance)
+            throw std::runtime_error("--json goes with --clearance");
+        CheckOneBoard();
+    }
+
+    void CheckOneBoard() const
+    {
         if (options.input.empty())
             throw std::runtime_error("no board file given; see --help");
-        const int reports = int(options.info) + int(options.clearance.has_value()) + int(!options.find.empty());
+        const int reports = IsGiven("--info") + IsGiven("--clearance") + IsGiven("--find");
         if (reports > 1)
             throw std::runtime_error("one report at a time: --info, --clearance or --find");
         if (reports == 0 && options.exportPath.empty() && options.archivePath.empty())
             throw std::runtime_error("nothing to do: give --export, --archive, --info, --clearance or --find");
-        if (options.json && !options.clearance)
-            throw std::runtime_error("--json goes with --clearance");
-        if (!options.exportPath.empty() && !IsPicturePath(options.exportPath))
-            throw std::runtime_error("--export " + options.exportPath + ": the name has to end in .bmp or .jpg");
+        CheckPicture("--export", options.exportPath);
         CheckOutput("--export", options.exportPath, options.input);
         CheckOutput("--archive", options.archivePath, options.input);
         CheckOutput("--archive", options.archivePath, options.exportPath);
+    }
+
+    static void CheckPicture(const char* option, const std::string& path)
+    {
+        if (!path.empty() && !IsPicturePath(path))
+            throw std::runtime_error(std::string(option) + " " + path + ": the name has to end in .png, .bmp or .jpg");
     }
 
     /// A board is not worth less than its picture: no output takes the place of the input or of the other output.
@@ -170,6 +220,7 @@ private:
 
     const std::vector<std::string>& arguments;
     size_t next = 0;
+    std::set<std::string_view> given; // names in kKnownOptions
     Options options;
 };
 
@@ -182,9 +233,11 @@ Options ParseOptions(const std::vector<std::string>& arguments)
 
 const char* UsageText()
 {
-    return "board_viewer FILE [options]   FILE is a .kicad_pcb board or an archive made by --archive\n"
-           "  --export OUT.bmp|OUT.jpg    write a picture of the board\n"
+    return "board_viewer FILE [options]           FILE is a .kicad_pcb board or an archive made by --archive\n"
+           "  --export OUT.png|.bmp|.jpg  write a picture of the board\n"
            "  --size WxH                  its size in pixels, 1600x1200 by default\n"
+           "  --dpi N                     or: the size follows from N dots per inch of the area, or of the outline\n"
+           "  --px-per-mm N               or: from N pixels per millimetre\n"
            "  --area X1,Y1,X2,Y2          frame exactly this area, in the file's millimetres (y down)\n"
            "  --layers A,B,...            only these layers, the last on top\n"
            "  --mirror                    the board seen from the back, whose layers then lie on top\n"

@@ -12,7 +12,7 @@ namespace viewer {
 
 struct Options
 {
-    std::string input;
+    std::string input;       ///< empty only with help
     std::string exportPath;  ///< empty: no picture
     std::string archivePath; ///< empty: no archive
     PictureSize size;

@@ -1,18 +1,14 @@
-/// Writing the view of a board to a picture file.
+/// Drawing the view of a board into a bitmap, and writing that to a picture file.
 #pragma once
 
 #include "BoardPainter.h"
+#include "PictureFile.h"
+#include "PictureSize.h"
 
 #include <optional>
 #include <string>
 
 namespace viewer {
-
-struct PictureSize
-{
-    int width = 1600;
-    int height = 1200;
-};
 
 /// A part of the board in the file's own millimetres, y down; the corners may come in any order.
 struct FileArea
@@ -23,12 +19,14 @@ struct FileArea
     double y2 = 0;
 };
 
-/// Whether the path ends in .bmp, .jpg or .jpeg, in small or capital letters.
-bool IsPicturePath(const std::string& path);
+/// Draws the painter's board into `bitmap`, which has to be empty, and returns the scale in pixels per millimetre.
+/// Frames exactly the area when one is given. Without one the board is fitted into a size in pixels with a margin, or
+/// framed exactly at a scale. Throws std::runtime_error for a picture that is too large, before any memory is taken for
+/// it, and when there is not enough.
+double DrawPicture(BoardPainter& painter, PictureSize size, const std::optional<FileArea>& area, CBitmap& bitmap);
 
-/// Draws the painter's board and writes it to the path: as a JPEG file or a bitmap file, by its ending. Fits the board,
-/// or frames exactly the area when one is given. Throws std::runtime_error where it cannot be written; an existing file
-/// then stays as it was.
+/// Draws the picture and writes it to the path as the kind of file that its ending asks for. Throws std::runtime_error
+/// where it cannot be written; an existing file then stays as it was.
 void ExportPicture(BoardPainter& painter, PictureSize size, const std::optional<FileArea>& area,
                    const std::string& path);
 

@@ -50,6 +50,9 @@ TEST(CommandLine, ErrorsAreOneLineAndExitCodeOne)
         {"good.kicad_pcb --export none/x.bmp", "none/x.bmp: cannot be written"},
         {"good.kolm --find 'R*'", "good.kolm: an archive has no nets"},
         {"good.kolm --clearance 1", "good.kolm: an archive has no nets"},
+        {"good.kicad_pcb --export x.bmp --px-per-mm 1e5", "the picture would have 900000x900000 pixels"},
+        {"good.kicad_pcb --export x.png --dpi 1e6 --area 0,0,1e5,1", "at most 268435456"},
+        {"good.kicad_pcb --export x.jpg --size 70000x9", "x.jpg: cannot be written"},
         {"good.kicad_pcb --archive none/x.kolm", "none/x.kolm: cannot be written"},
     };
     for (const auto& [arguments, message] : cases) {
@@ -91,7 +94,7 @@ TEST(CommandLine, AFullDiskKeepsTheOldFile)
         lines += "(gr_line (start 0 0) (end 9 " + std::to_string(i) + ") (layer \"Edge.Cuts\") (width 1))";
     WriteBytes(folder.File("b.kicad_pcb"), BoardText(lines));
     const std::pair<std::string, std::string> outputs[] = {
-        {"--export", "o.bmp"}, {"--export", "o.jpg"}, {"--archive", "o.kolm"}};
+        {"--export", "o.bmp"}, {"--export", "o.jpg"}, {"--export", "o.png"}, {"--archive", "o.kolm"}};
     for (const auto& [option, name] : outputs) {
         const std::string output = option + " " + name;
         const std::string file = folder.File(name);

@@ -31,6 +31,13 @@ TEST(Options, TakesReports)
     EXPECT_EQ(ParseOptions({"--find", "-R*", "b"}).find, "-R*") << "a pattern may look like an option";
 }
 
+TEST(Options, TakesSizesInPixelsOrByScale)
+{
+    EXPECT_EQ(ParseOptions({"b", "--info", "--size", "268435456x1"}).size.width, 268435456) << "a gigabyte";
+    EXPECT_EQ(ParseOptions({"b", "--info", "--px-per-mm", "2.5"}).size.pixelsPerMm, 2.5);
+    EXPECT_DOUBLE_EQ(ParseOptions({"b", "--info", "--dpi", "254"}).size.pixelsPerMm, 10);
+}
+
 TEST(Options, RefusesTheRestByName)
 {
     const std::pair<std::vector<std::string>, const char*> cases[] = {
@@ -39,14 +46,24 @@ TEST(Options, RefusesTheRestByName)
         {{"a", "b", "--info"}, "one file at a time"},
         {{"a", "--inof"}, "unknown option --inof"},
         {{"a", "--export"}, "--export needs a value"},
-        {{"a", "--export", "o.png"}, ".bmp or .jpg"},
+        {{"a", "--export", "o.gif"}, ".png, .bmp or .jpg"},
         {{"o.bmp", "--export", "./o.bmp"}, "would overwrite o.bmp"},
         {{"a", "--archive", "x/../a"}, "would overwrite a"},
         {{"a", "--export", "o.bmp", "--archive", "o.bmp"}, "would overwrite o.bmp"},
         {{"a", "--info", "--size", "10"}, "--size 10"},
         {{"a", "--info", "--size", "0x10"}, "--size 0x10"},
         {{"a", "--info", "--size", "99999999999x10"}, "--size"},
-        {{"a", "--info", "--size", "20000x10"}, "--size"},
+        {{"a", "--info", "--size", "16385x16384"}, "together at most 268435456"},
+        {{"a", "--info", "--size", "1073741824x1"}, "--size"},
+        {{"a", "--info", "--dpi", "0"}, "--dpi 0"},
+        {{"a", "--info", "--dpi", "nan"}, "--dpi nan"},
+        {{"a", "--info", "--px-per-mm", "-1"}, "--px-per-mm -1"},
+        {{"a", "--info", "--px-per-mm", "1e300"}, "--px-per-mm 1e300"},
+        {{"a", "--info", "--size", "1x1", "--dpi", "1"}, "one size at a time"},
+        {{"a", "--info", "--dpi", "1", "--px-per-mm", "1"}, "one size at a time"},
+        {{"a", "--info", "--size", "1x1", "--size", "1x1"}, "--size is given twice"},
+        {{"a", "--info", "--mirror", "--mirror"}, "--mirror is given twice"},
+        {{"a", "-h", "--help"}, "--help is given twice"},
         {{"a", "--info", "--area", "1,2,3"}, "--area"},
         {{"a", "--info", "--area", "1,2,1,4"}, "--area"},
         {{"a", "--info", "--area", "nan,0,1,1"}, "--area"},
