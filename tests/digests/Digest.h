@@ -61,7 +61,11 @@ public:
     /// In [-size, size), with 53 bits.
     double Real(double size) { return size * (double(int64_t(Bits()) >> 11) * 0x1p-52); }
     /// Of either sign, its magnitude spread evenly over the powers of two from 2^low to 2^high.
-    double Magnitude(int low, int high) { return std::ldexp(Real(1.0), Whole(low, high)); }
+    double Magnitude(int low, int high)
+    {
+        const int power = Whole(low, high); // first, as arguments of one call come in any order
+        return std::ldexp(Real(1.0), power);
+    }
     template <class T, int n>
     T OneOf(const T (&values)[n])
     {
