@@ -45,6 +45,7 @@ std::unique_ptr<PictureLayer> ReadLayer(CArchive& archive)
     layer->name = static_cast<const char*>(name);
     layer->colour &= 0xFFFFFF; // no palette indices and the like, which the high byte could ask for
     layer->shapes.Serialize(archive);
+    SetAreas(*layer);
     return layer;
 }
 

@@ -1,5 +1,6 @@
 #include "BoardPainter.h"
 
+#include "BoardOutlines.h"
 #include "StrokeFont.h"
 
 #include "entities/CKGeomArc.h"
@@ -159,8 +160,12 @@ KRectangleD BoardPainter::GetTargetSize()
 
 void BoardPainter::DrawBody(CWnd*, CDC* dc)
 {
-    for (const ShownLayer& layer : shown)
-        DrawLayer(dc, *layer.layer, layer.colour);
+    for (const ShownLayer& layer : shown) {
+        if (IsSimpleDraw())
+            DrawOutlines(*this, dc, *layer.layer, layer.colour);
+        else
+            DrawLayer(dc, *layer.layer, layer.colour);
+    }
 }
 
 /// Dispatches by type code, as the library's factory does. Kinds that the viewer never stores draw nothing.
@@ -168,7 +173,7 @@ void BoardPainter::DrawLayer(CDC* dc, const PictureLayer& layer, COLORREF colour
 {
     for (int i = 0; i < layer.shapes.GetCount(); ++i) {
         CKGeom* shape = layer.shapes.GetAt(i);
-        if (!shape || shape->IsHidden())
+        if (!shape || shape->IsHidden() || !IsInView(*this, *shape))
             continue;
         switch (shape->GetType()) {
         case 1:
@@ -261,28 +266,17 @@ void BoardPainter::DrawPolygonShape(CDC* dc, COLORREF colour, CKGeomPolygon& pol
 /// All strokes of a text are one path, so that the pen touches each pixel once.
 void BoardPainter::DrawTextShape(CDC* dc, COLORREF colour, CKGeomText& text)
 {
-    const TextStyle style = TextStyle::Of(text);
-    const double x = text.GetX() + text.GetOffsetX(), y = text.GetY() + text.GetOffsetY();
-    const double angle = double(text.GetAngle()) * M_PI / 180;
-    const double c = std::cos(angle), s = std::sin(angle);
-    // Shears, sizes and turns a point of the font. The sign of the width mirrors it about the start of the baseline.
-    const auto place = [&](KPointD point) {
-        const double u = (point.x + style.slant * point.y) * style.width;
-        const double v = point.y * style.height;
-        return TranslateCoord(x + c * u - s * v, y + s * u + c * v);
-    };
-
     dc->BeginPath();
-    for (const Stroke& stroke : StrokesOfText(static_cast<const char*>(text.GetText()))) {
-        const KPoint first = place(stroke.front());
+    for (const Stroke& stroke : PlacedStrokes(text)) {
+        const KPoint first = TranslateCoord(stroke.front().x, stroke.front().y);
         dc->MoveTo(first.x, first.y);
         for (size_t i = 1; i < stroke.size(); ++i) {
-            const KPoint point = place(stroke[i]);
+            const KPoint point = TranslateCoord(stroke[i].x, stroke[i].y);
             dc->LineTo(point.x, point.y);
         }
     }
     dc->EndPath();
-    StrokePath(dc, TranslateRate(AsWidth(style.thickness)), colour);
+    StrokePath(dc, TranslateRate(AsWidth(TextStyle::Of(text).thickness)), colour);
 }
 
 } // namespace viewer

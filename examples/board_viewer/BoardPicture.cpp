@@ -222,6 +222,8 @@ public:
 
         const auto isBelow = [](const auto& a, const auto& b) { return LayerRank(a->name) < LayerRank(b->name); };
         std::stable_sort(picture.layers.begin(), picture.layers.end(), isBelow);
+        for (const auto& layer : picture.layers)
+            SetAreas(*layer);
         return std::move(picture);
     }
 
@@ -307,6 +309,22 @@ TextStyle TextStyle::Of(CKGeomText& text)
     style.thickness = packed.GetX2();
     style.slant = packed.GetY2();
     return style;
+}
+
+std::vector<Stroke> PlacedStrokes(CKGeomText& text)
+{
+    const TextStyle style = TextStyle::Of(text);
+    const double x = text.GetX() + text.GetOffsetX(), y = text.GetY() + text.GetOffsetY();
+    const double c = std::cos(double(text.GetAngle()) * kDegree), s = std::sin(double(text.GetAngle()) * kDegree);
+    std::vector<Stroke> strokes = StrokesOfText(static_cast<const char*>(text.GetText()));
+    for (Stroke& stroke : strokes) {
+        for (KPointD& point : stroke) {
+            const double u = (point.x + style.slant * point.y) * style.width;
+            const double v = point.y * style.height;
+            point = {x + c * u - s * v, y + s * u + c * v};
+        }
+    }
+    return strokes;
 }
 
 void AppendShapes(const Figure& figure, PictureLayer& layer)

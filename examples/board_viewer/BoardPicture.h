@@ -35,6 +35,11 @@ struct BoardPicture
     const PictureLayer* Find(std::string_view name) const;
 };
 
+/// The strokes of a text shape in millimetres where they lie on the board: sheared, sized and turned. The sign of the
+/// width mirrors it about the start of the baseline.
+std::vector<std::vector<KPointD>> PlacedStrokes(CKGeomText& text);
+
+/// The shapes know their areas (see SetAreas).
 BoardPicture MakePicture(const Board& board);
 
 /// Appends to a layer the shapes that show a figure, as MakePicture does.
@@ -53,6 +58,10 @@ struct TextStyle
     void Put(CKGeomText& text) const { text.SetMinMax(width, height, thickness, slant); }
     static TextStyle Of(CKGeomText& text);
 };
+
+/// Sets each shape's area (CKEntity) to a box that covers its ink, by which shapes out of view are passed over. Shapes
+/// at absurd positions get none. Areas are not archived.
+void SetAreas(PictureLayer& layer);
 
 /// Bounds of the shapes' centre lines, widened by their thickness when asked; texts do not count. Not initialized when
 /// nothing has bounds.

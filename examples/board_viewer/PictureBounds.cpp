@@ -1,9 +1,11 @@
 #include "BoardPicture.h"
+#include "StrokeFont.h"
 #include "Turning.h"
 
 #include "entities/CKGeomArc.h"
 #include "entities/CKGeomLine.h"
 #include "entities/CKGeomPolygon.h"
+#include "entities/CKGeomText.h"
 
 #include <cmath>
 
@@ -11,8 +13,10 @@ namespace viewer {
 
 namespace {
 
-/// Gathers bounds. Shapes of a damaged archive can hold any number: what lies beyond a kilometre has no place in a
-/// view.
+/// Millimetres. Shapes of a damaged archive can hold any number: what lies beyond a kilometre has no place in a view.
+constexpr double kFarthest = 1e6;
+
+/// Gathers bounds.
 class Bounds
 {
 public:
@@ -40,6 +44,7 @@ public:
     }
 
     CKRectD box;
+    bool complete = true; ///< no point had to be left out
 
 private:
     void AddLine(CKGeomLine& line)
@@ -72,10 +77,11 @@ private:
 
     void AddPoint(double x, double y, double thickness)
     {
-        constexpr double kFarthest = 1e6;
         const double reach = withThickness ? thickness / 2 : 0;
-        if (!(std::fabs(x) <= kFarthest) || !(std::fabs(y) <= kFarthest) || !(std::fabs(reach) <= kFarthest))
+        if (!(std::fabs(x) <= kFarthest) || !(std::fabs(y) <= kFarthest) || !(std::fabs(reach) <= kFarthest)) {
+            complete = false;
             return;
+        }
         box.MergePoint(x - reach, y - reach);
         box.MergePoint(x + reach, y + reach);
     }
@@ -83,7 +89,36 @@ private:
     bool withThickness;
 };
 
+/// A box that covers a text at any angle: how far its strokes reach from its anchor.
+CKRectD TextArea(CKGeomText& text)
+{
+    constexpr double kTallest = 2; ///< no stroke is further from the baseline, in heights of a capital letter
+    const TextStyle style = TextStyle::Of(text);
+    const double width = (WidthOfText(static_cast<const char*>(text.GetText())) + kTallest) * std::fabs(style.width);
+    const double reach = std::hypot(width, kTallest * std::fabs(style.height)) + std::fabs(style.thickness);
+    CKRectD box;
+    if (reach <= kFarthest) {
+        box.MergePoint(text.GetX() - reach, text.GetY() - reach);
+        box.MergePoint(text.GetX() + reach, text.GetY() + reach);
+    }
+    return box;
+}
+
 } // namespace
+
+void SetAreas(PictureLayer& layer)
+{
+    for (int i = 0; i < layer.shapes.GetCount(); ++i) {
+        CKGeom* const shape = layer.shapes.GetAt(i);
+        if (!shape || shape->GetOffsetX() != 0 || shape->GetOffsetY() != 0)
+            continue; // moved shapes come from foreign archives only
+        Bounds bounds(true);
+        bounds.Add(*shape);
+        CKRectD box = shape->GetType() == 1 ? TextArea(static_cast<CKGeomText&>(*shape)) : bounds.box;
+        if (bounds.complete && box.IsInitialized())
+            shape->SetRectangleArea(box.GetLeft(), box.GetRight(), box.GetBottom(), box.GetTop());
+    }
+}
 
 CKRectD BoundsOf(const PictureLayer& layer, bool withThickness)
 {

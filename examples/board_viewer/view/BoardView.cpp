@@ -234,8 +234,20 @@ void BoardView::PanBy(int dx, int dy)
 
 // ---- Layers
 
-/// What the painter draws after a change of layers, scheme, side or highlights.
+/// Has the painter draw what layers, scheme, side and matches ask for now.
 void BoardView::UpdateLayers()
+{
+    painter->ShowLayers(std::vector<ShownLayer>()); // no layer is drawn after it went
+    highlights.clear();
+    if (othersDimmed)
+        MakeHighlights();
+    painter->ShowLayers(LayersToDraw());
+    painter->SetBackgroundColorForTransparent(layers.Background());
+    Invalidate();
+}
+
+/// Matches lie above all layers but the holes, which go through them too.
+std::vector<ShownLayer> BoardView::LayersToDraw() const
 {
     std::vector<ShownLayer> shown = layers.Shown(IsFromBack());
     const auto holes = std::find_if(shown.begin(), shown.end(), [](const ShownLayer& s) {
@@ -245,9 +257,7 @@ void BoardView::UpdateLayers()
     for (const auto& layer : highlights)
         bright.push_back({layer.get(), SchemeColour(*layer, layers.GetScheme())});
     shown.insert(holes, bright.begin(), bright.end());
-    painter->ShowLayers(std::move(shown));
-    painter->SetBackgroundColorForTransparent(layers.Background());
-    Invalidate();
+    return shown;
 }
 
 void BoardView::ToggleLayer(int number)
@@ -306,7 +316,7 @@ void BoardView::Export(const std::string& path)
     BoardPainter exported(file->picture);
     exported.SetBoardMirrorX(IsFromBack());
     exported.SetBackgroundColorForTransparent(layers.Background());
-    exported.ShowLayers(layers.Shown(IsFromBack()));
+    exported.ShowLayers(LayersToDraw());
     const FileArea area = {painter->GetLogicalScreenLeft(), -painter->GetLogicalScreenTop(),
                            painter->GetLogicalScreenRight(), -painter->GetLogicalScreenBottom()};
     ExportPicture(exported, {width, height}, area, path);

@@ -126,6 +126,7 @@ private:
     bool EnsureView();
     bool IsFitted();
     void UpdateLayers();
+    std::vector<ShownLayer> LayersToDraw() const;
     void SetCentreUnder(KPointD board, CPoint pixel);
     void ForgetSelection();
     void SelectionChanged();
@@ -153,6 +154,7 @@ private:
     CKGeomArray measureShapes; ///< overlay of the measurement
     bool overlayDue = false;
     std::vector<FoundItem> matches;
+    NamedItem shownMatch; ///< what is picked, while many elements are picked together
     bool othersDimmed = false;
     std::optional<CPoint> cursor;
     double fittedScale = 0; ///< of the last fit, to know whether the view is still fitted

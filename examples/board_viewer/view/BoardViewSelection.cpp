@@ -119,18 +119,20 @@ const std::vector<FoundItem>& BoardView::Find(const std::string& pattern)
     const bool blank = pattern.find_first_not_of(' ') == std::string::npos;
     matches = blank || !file->board ? std::vector<FoundItem>() : FindItems(*file->board, pattern);
     if (othersDimmed)
-        DimOthers(true);
+        UpdateLayers();
     return matches;
 }
 
 std::vector<BoardElement*> BoardView::ElementsOf(const FoundItem& found) const
 {
+    const auto belongs = [&](const BoardElement& element) {
+        if (found.item.kind == NamedItem::Kind::Net)
+            return element.net == found.item.net;
+        return element.owner && element.owner->number == found.number;
+    };
     std::vector<BoardElement*> elements;
     for (const auto& element : scene.board.elements) {
-        const bool belongs = found.item.kind == NamedItem::Kind::Net
-                                 ? element->net == found.item.net
-                                 : element->owner && element->owner->number == found.number;
-        if (belongs)
+        if (belongs(*element))
             elements.push_back(element.get());
     }
     return elements;
@@ -147,6 +149,7 @@ bool BoardView::ShowMatch(int match)
     BringIntoView(elements, *found.position);
     second.Unpicking();
     first.PickAll(elements);
+    shownMatch = found.item;
     SelectionChanged();
     return true;
 }
@@ -182,30 +185,31 @@ void BoardView::DimOthers(bool dim)
 {
     othersDimmed = dim;
     layers.SetAllDimmed(dim);
-    highlights.clear();
-    if (dim)
-        MakeHighlights();
     UpdateLayers();
 }
 
-/// The shapes of the matches' elements, one layer of them for each layer of the board.
+/// The shapes of the matches' elements, one layer of them for each visible layer of the board.
 void BoardView::MakeHighlights()
 {
-    for (const auto& layer : file->picture.layers) {
-        auto bright = std::make_unique<PictureLayer>();
-        bright->name = layer->name;
-        bright->colour = layer->colour;
-        for (const FoundItem& found : matches) {
-            for (const BoardElement* element : ElementsOf(found)) {
-                const int bit = file->board->layers.Find(layer->name);
-                for (const Figure& figure : element->ink) {
-                    if (bit >= 0 && (element->layers >> bit & 1) != 0 && layers.IsVisible(layer->name))
-                        AppendShapes(figure, *bright);
-                }
-            }
+    std::vector<BoardElement*> bright;
+    for (const FoundItem& found : matches) {
+        const std::vector<BoardElement*> elements = ElementsOf(found);
+        bright.insert(bright.end(), elements.begin(), elements.end());
+    }
+    for (const ShownLayer& shown : layers.Shown(IsFromBack())) {
+        const int bit = file->board ? file->board->layers.Find(shown.layer->name) : -1;
+        auto highlight = std::make_unique<PictureLayer>();
+        highlight->name = shown.layer->name;
+        highlight->colour = shown.layer->colour;
+        for (const BoardElement* element : bright) {
+            if (bit < 0 || (element->layers >> bit & 1) == 0)
+                continue;
+            for (const Figure& figure : element->ink)
+                AppendShapes(figure, *highlight);
         }
-        if (bright->shapes.GetCount() > 0)
-            highlights.push_back(std::move(bright));
+        SetAreas(*highlight);
+        if (highlight->shapes.GetCount() > 0)
+            highlights.push_back(std::move(highlight));
     }
 }
 
@@ -242,8 +246,8 @@ std::string BoardView::PickText()
         return GapText(*gap);
     if (const BoardElement* const element = first.Current())
         return ElementText(*file->board, *element);
-    const std::vector<BoardElement*> picked = first.Picked();
-    return picked.empty() ? std::string() : std::to_string(picked.size()) + " elements";
+    const size_t count = first.Picked().size();
+    return count > 0 ? MatchText(shownMatch, count) : std::string();
 }
 
 std::string BoardView::StatusText()

@@ -30,7 +30,8 @@ public:
     std::vector<uint32_t> Find(const Box& box) const;
 
 private:
-    void Search(std::size_t level, std::size_t begin, std::size_t end, const Box& box, std::vector<uint32_t>& found) const;
+    void Search(std::size_t level, std::size_t begin, std::size_t end, const Box& box,
+                std::vector<uint32_t>& found) const;
 
     std::vector<uint32_t> order;          ///< the boxes' numbers, neighbours side by side
     std::vector<std::vector<Box>> levels; ///< the boxes in that order; above it one box for each run of the level below

@@ -114,7 +114,12 @@ Colour SchemeColour(const PictureLayer& layer, Scheme scheme)
         return layer.colour;
     if (layer.name == kHolesName)
         return 0xF5F5F5;
-    return EachChannel(layer.colour, 0, [](int channel, int) { return channel * 2 / 3; });
+    // As bright as is still well seen on white; darker colours stay as they are.
+    constexpr int kBrightest = 130;
+    const int red = int(layer.colour & 0xFF), green = int(layer.colour >> 8 & 0xFF),
+              blue = int(layer.colour >> 16 & 0xFF);
+    const int brightness = std::max((2 * red + 5 * green + blue) / 8, kBrightest);
+    return EachChannel(layer.colour, 0, [=](int channel, int) { return channel * kBrightest / brightness; });
 }
 
 Colour DimmedColour(Colour colour, Colour background)

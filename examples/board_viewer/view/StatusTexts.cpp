@@ -86,6 +86,12 @@ std::string ElementText(const Board& board, const BoardElement& element)
            HoleText(pad.hole);
 }
 
+std::string MatchText(const NamedItem& item, size_t elements)
+{
+    return (item.kind == NamedItem::Kind::Footprint ? "footprint " : "net ") + PlainText(item.name) + ", " +
+           std::to_string(elements) + (elements == 1 ? " element" : " elements");
+}
+
 std::string GapText(const ElementGap& gap)
 {
     return "clearance " + FixedText(gap.clearance) + " mm from " + PlaceText(gap.first) + " to " +
