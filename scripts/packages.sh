@@ -1,8 +1,9 @@
 # Sourced by ./view and ./test: installs the Debian packages that are missing, and nothing when all are there.
 
-# Compiler and libraries of the library and the example host. The font is what board texts are drawn with.
+# Compiler and libraries of the library and the example host, whose window needs Qt. The font is what board texts are
+# drawn with.
 build_packages="g++ cmake ninja-build pkg-config libfreetype-dev libfontconfig-dev libjpeg62-turbo-dev libpng-dev \
-libcurl4-openssl-dev ca-certificates fonts-dejavu-core"
+libcurl4-openssl-dev ca-certificates fonts-dejavu-core qt6-base-dev"
 # On top of those: the test framework, the benchmark framework and what it is compared with, and fourteen real boards.
 test_packages="make dpkg-dev file libgtest-dev libbenchmark-dev libboost-dev libre2-dev kicad-demos"
 

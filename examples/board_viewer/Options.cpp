@@ -123,6 +123,7 @@ constexpr KnownOption kKnownOptions[] = {
     {"--clearance", 1, [](Options& o, const std::string* v) { o.clearance = ParseClearance(v[0]); }},
     {"--find", 1, [](Options& o, const std::string* v) { o.find = v[0]; }},
     {"--json", 0, [](Options& o, const std::string*) { o.json = true; }},
+    {"--log", 0, [](Options& o, const std::string*) { o.log = true; }},
     {"--help", 0, [](Options& o, const std::string*) { o.help = true; }},
 };
 
@@ -181,7 +182,7 @@ private:
     bool IsGiven(std::string_view option) const { return given.count(option) != 0; }
 
     /// What only all arguments together can tell.
-    void Check() const
+    void Check()
     {
         if (IsGiven("--size") + IsGiven("--dpi") + IsGiven("--px-per-mm") > 1)
             throw std::runtime_error("one size at a time: --size, --dpi or --px-per-mm");
@@ -190,15 +191,27 @@ private:
         CheckOneBoard();
     }
 
-    void CheckOneBoard() const
+    /// Its size is the desktop's business.
+    void CheckWindow() const
     {
-        if (options.input.empty())
-            throw std::runtime_error("no board file given; see --help");
+        for (const char* option : {"--size", "--dpi", "--px-per-mm", "--area"}) {
+            if (IsGiven(option))
+                throw std::runtime_error(std::string(option) + " goes with --export");
+        }
+    }
+
+    void CheckOneBoard()
+    {
         const int reports = IsGiven("--info") + IsGiven("--clearance") + IsGiven("--find");
         if (reports > 1)
             throw std::runtime_error("one report at a time: --info, --clearance or --find");
-        if (reports == 0 && options.exportPath.empty() && options.archivePath.empty())
-            throw std::runtime_error("nothing to do: give --export, --archive, --info, --clearance or --find");
+        options.window = reports == 0 && options.exportPath.empty() && options.archivePath.empty();
+        if (options.window)
+            return CheckWindow();
+        if (IsGiven("--log"))
+            throw std::runtime_error("--log goes with the window, which no other task opens");
+        if (options.input.empty())
+            throw std::runtime_error("no board file given; see --help");
         CheckPicture("--export", options.exportPath);
         CheckOutput("--export", options.exportPath, options.input);
         CheckOutput("--archive", options.archivePath, options.input);
@@ -233,7 +246,8 @@ Options ParseOptions(const std::vector<std::string>& arguments)
 
 const char* UsageText()
 {
-    return "board_viewer FILE [options]           FILE is a .kicad_pcb board or an archive made by --archive\n"
+    return "board_viewer [FILE] [options]         FILE is a .kicad_pcb board or an archive made by --archive\n"
+           "without one of --export, --archive, --info, --clearance and --find, a window shows the board\n"
            "  --export OUT.png|.bmp|.jpg  write a picture of the board\n"
            "  --size WxH                  its size in pixels, 1600x1200 by default\n"
            "  --dpi N                     or: the size follows from N dots per inch of the area, or of the outline\n"
@@ -248,7 +262,8 @@ const char* UsageText()
            "  --json                      the same as a JSON array\n"
            "  --find PATTERN              list the references and net names that match, and where they are; * stands\n"
            "                              for any text, ? for a character that is no digit, # for a digit; exit code\n"
-           "                              1 when there is none\n";
+           "                              1 when there is none\n"
+           "  --log                       write the window's status line to standard error whenever it changes\n";
 }
 
 } // namespace viewer

@@ -12,7 +12,7 @@ namespace viewer {
 
 struct Options
 {
-    std::string input;       ///< empty only with help
+    std::string input;       ///< empty only with help, and for a window without a board
     std::string exportPath;  ///< empty: no picture
     std::string archivePath; ///< empty: no archive
     PictureSize size;
@@ -23,6 +23,8 @@ struct Options
     std::optional<double> clearance; ///< millimetres, above 0
     std::string find;                ///< wildcard search text; empty: no search
     bool json = false;               ///< the clearances as JSON
+    bool window = false;             ///< nothing but the board is given: show it
+    bool log = false;                ///< the window's status line also goes to standard error
     bool help = false;
 };
 

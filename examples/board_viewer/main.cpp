@@ -8,8 +8,11 @@
 #include "Options.h"
 #include "ReportText.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <exception>
+#include <filesystem>
 #include <unistd.h>
 
 // All errors of all parts arrive here as exceptions and become one line; nothing else writes to standard error.
@@ -131,6 +134,20 @@ int Run(const Options& options)
     return options.info || options.clearance || !options.find.empty() ? Report(file, options) : 0;
 }
 
+/// Turns the process into the window's program, which lies beside this one: what writes files or answers questions
+/// neither loads a toolkit nor needs one on the machine. Returns only by throwing.
+void StartWindow([[maybe_unused]] char** arguments)
+{
+#ifdef KOLM_VIEWER_WINDOW
+    const std::string program =
+        (std::filesystem::read_symlink("/proc/self/exe").parent_path() / KOLM_VIEWER_WINDOW).string();
+    execv(program.c_str(), arguments);
+    throw std::runtime_error(program + ": cannot be started: " + std::strerror(errno));
+#else
+    throw std::runtime_error("built without a window; give --export, --archive, --info, --clearance or --find");
+#endif
+}
+
 } // namespace
 
 /// Exit code 0; 1 after one line on standard error, or for a search that found nothing.
@@ -138,10 +155,13 @@ int main(int argc, char** argv)
 {
     try {
         const Options options = ParseOptions(std::vector<std::string>(argv + 1, argv + argc));
-        if (!options.help)
-            return Run(options);
-        std::fputs(UsageText(), stdout);
-        return 0;
+        if (options.help) {
+            std::fputs(UsageText(), stdout);
+            return 0;
+        }
+        if (options.window)
+            StartWindow(argv);
+        return Run(options);
     } catch (const std::exception& error) {
         PrintError(error.what());
     } catch (CException* exception) {

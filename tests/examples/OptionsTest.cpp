@@ -38,11 +38,26 @@ TEST(Options, TakesSizesInPixelsOrByScale)
     EXPECT_DOUBLE_EQ(ParseOptions({"b", "--info", "--dpi", "254"}).size.pixelsPerMm, 10);
 }
 
+TEST(Options, ShowsAWindowWhereNothingElseIsAskedFor)
+{
+    EXPECT_TRUE(ParseOptions({}).window);
+    EXPECT_TRUE(ParseOptions({"b", "--mirror", "--layers", "F.Cu", "--log"}).window);
+    const std::vector<std::string> others[] = {{"b", "--export", "o.bmp"},
+                                               {"b", "--archive", "o.kolm"},
+                                               {"b", "--info"},
+                                               {"b", "--clearance", "1"},
+                                               {"b", "--find", "R*"}};
+    for (const std::vector<std::string>& arguments : others)
+        EXPECT_FALSE(ParseOptions(arguments).window) << arguments[1];
+}
+
 TEST(Options, RefusesTheRestByName)
 {
     const std::pair<std::vector<std::string>, const char*> cases[] = {
-        {{}, "no board file"},
-        {{"a"}, "nothing to do"},
+        {{"--info"}, "no board file"},
+        {{"a", "--size", "9x9"}, "--size goes with --export"},
+        {{"a", "--area", "0,0,1,1"}, "--area goes with --export"},
+        {{"a", "--info", "--log"}, "--log goes with the window"},
         {{"a", "b", "--info"}, "one file at a time"},
         {{"a", "--inof"}, "unknown option --inof"},
         {{"a", "--export"}, "--export needs a value"},

@@ -235,8 +235,9 @@ std::string BoardView::ScaleText()
 {
     if (!EnsureView())
         return {};
+    const double percent = painter->GetScale() * 100;
     char text[64];
-    std::snprintf(text, sizeof text, "scale %.4g %%", painter->GetScale() * 100);
+    std::snprintf(text, sizeof text, percent < 1000 ? "scale %.4g %%" : "scale %.0f %%", percent);
     return text;
 }
 
