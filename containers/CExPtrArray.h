@@ -35,10 +35,10 @@ public:
     /// @{
     TYPE GetAt(INT_PTR i) const { return IsIndex(i) ? this->GetData()[i] : nullptr; } ///< null outside the list
     void SetAt(INT_PTR i, TYPE p); ///< the old element lives on; outside the list nothing happens
-    TYPE GetLastElement() const { return GetAt(GetLastIndex()); } ///< null for an empty list
-    INT_PTR GetLastIndex() const { return this->GetSize() - 1; }  ///< -1 for an empty list
-    bool IsValidIndex(const int& i) const { return IsIndex(i); }
-    bool Exists(TYPE p) const { return FindIndex(p) >= 0; }
+    TYPE GetLastElement() const { return GetAt(GetLastIndex()); }         ///< null for an empty list
+    INT_PTR GetLastIndex() const { return this->GetSize() - 1; }          ///< -1 for an empty list
+    bool IsValidIndex(const int& i) const { return IsIndex(i); }          ///< whether the list has an element there
+    bool Exists(TYPE p) const { return FindIndex(p) >= 0; }               ///< whether an element equals p
     int FindIndex(TYPE p) const { return int(lists::IndexOf(*this, p)); } ///< of the first that equals p, else -1
     /// @}
 
@@ -52,7 +52,7 @@ public:
     /// Takes one occurrence out for each element of the other list, the first ones first. The other list may be this
     /// one, which ends empty.
     void Subtract(const CArray<TYPE, ARG_TYPE>& other);
-    virtual void RemoveNullElement();
+    virtual void RemoveNullElement();        ///< all of them
     virtual void RemoveDuplicatedElements(); ///< the first occurrence of each address stays; null counts as an address
     /// Moves the elements from nFirst to nLast, both included, to the end of dest in their order; false, and nothing
     /// is moved, when nLast < nFirst. Moved to the end of this very list they end up in reversed order.
@@ -72,7 +72,7 @@ public:
     bool DeleteLastElement(); ///< false for an empty list
     /// @}
 
-    void Reverse() { lists::Reverse(*this); }
+    void Reverse() { lists::Reverse(*this); } ///< the order; objects stay
     /// Whether both lists hold the same addresses at the same indices.
     bool IsElementEqual(const CArray<TYPE, ARG_TYPE>& other) const { return lists::AreEqual(*this, other); }
 

@@ -28,8 +28,8 @@ public:
     /// @name Destroying objects whose slots stay. The slots keep the addresses, so RemoveAll, RemoveAt or SetAt has to
     /// follow before the list is read again.
     /// @{
-    void DeleteAt(int nIndex); ///< outside the list nothing happens
-    void DeleteElements() { lists::DestroyAll(*this); }
+    void DeleteAt(int nIndex);                          ///< outside the list nothing happens
+    void DeleteElements() { lists::DestroyAll(*this); } ///< from the first to the last
     /// @}
 
     /// @name Destroying objects and unlinking their slots
@@ -41,8 +41,8 @@ public:
     /// @}
 
 protected:
-    int Size() const { return int(this->GetSize()); }
-    bool IsIndex(int i) const { return i >= 0 && i < Size(); }
+    int Size() const { return int(this->GetSize()); }          ///< as an int, as hosts count
+    bool IsIndex(int i) const { return i >= 0 && i < Size(); } ///< whether the list has an element there
 };
 
 template <class TYPE, class ARG_TYPE>

@@ -37,7 +37,7 @@ public:
         slot.key = key;
         return isNew;
     }
-    bool Has(uint64_t key) { return SlotOf(key).key == key; }
+    bool Has(uint64_t key) { return SlotOf(key).key == key; } ///< whether the key was made known
 
     /// The count of a key that becomes a known one; 0 at first.
     INT_PTR& InsertedCount(uint64_t key)
@@ -76,15 +76,17 @@ private:
     SLOT* m_slots = m_few;
 };
 
+/// A slot of a table that only knows its keys.
 struct KeySlot
 {
     uint64_t key = 0; ///< 0 in an empty slot
 };
 
+/// A slot of a table that counts.
 struct CountSlot
 {
-    uint64_t key = 0; ///< 0 in an empty slot
-    INT_PTR count = 0;
+    uint64_t key = 0;  ///< 0 in an empty slot
+    INT_PTR count = 0; ///< as the owner of the table keeps it
 };
 
 /// Which keys occur.

@@ -44,8 +44,10 @@ public:
         m_picked = true;
         m_picker = picker;
     }
-    int IsPicked() { return m_picked ? 1 : 0; }
+    int IsPicked() { return m_picked ? 1 : 0; } ///< 1 when picked, else 0
 
+    /// @{
+    /// Colours and picker as they are. Setting them changes no picked state.
     void SetPickedColor(unsigned long color) { m_pickedColor = static_cast<COLORREF>(color); }
     COLORREF GetPickedColor() { return m_pickedColor; }
     void SetPicker(int picker) { m_picker = picker; }
@@ -53,9 +55,10 @@ public:
     void SetColor(unsigned long color) { m_color = static_cast<COLORREF>(color); }
     COLORREF GetColor() const { return m_color; }
     COLORREF GetColor() { return m_color; }
+    /// @}
     /// A hidden entity is not drawn by the painter.
     void SetHidden(bool hidden) { m_hidden = hidden; }
-    int IsHidden() { return m_hidden ? 1 : 0; }
+    int IsHidden() { return m_hidden ? 1 : 0; } ///< 1 when hidden, else 0
 
     /// Sets the edges of the area, in logical millimetres, and marks it initialized.
     void SetRectangleArea(double left, double right, double bottom, double top)
@@ -69,11 +72,13 @@ public:
     /// The area as its top-left corner and its size.
     CRectD GetDrawRectD();
 
+    /// @{
     /// Switches of the surrounding system that are fixed here: always 1, and setting them does nothing.
     static int IsAlphaVersionDFM();
     static int IsVersion6Debug();
     static void SetAlphaVersionDFM(int on);
     static void SetVersion6Debug(int on);
+    /// @}
 
 private:
     bool m_picked = false;

@@ -25,12 +25,12 @@ class KOLM_API CKGeom : public CKEntity
 {
 public:
     CKGeom();
-    CKGeom(const CKGeom& other) = default;
+    CKGeom(const CKGeom& other) = default; ///< every field
     ~CKGeom() override;
 
-    CKGeom& operator=(const CKGeom& other);
-    int operator==(const CKGeom& other) const;
-    int operator!=(const CKGeom& other) const;
+    CKGeom& operator=(const CKGeom& other);    ///< the geometry only
+    int operator==(const CKGeom& other) const; ///< 1 for equal offset and corners, and for the same object; else 0
+    int operator!=(const CKGeom& other) const; ///< the negation of ==
 
     /// Writes or reads the geometry header: version, offset x, offset y and the record of the corners, 56 bytes.
     virtual void Serialize(CArchive& ar);
@@ -48,6 +48,8 @@ public:
     /// Null here: only a point makes a fresh shape of its coordinates.
     virtual CKGeom* GenerateClone();
 
+    /// @{
+    /// Offset and corners in millimetres, as they were set.
     double GetOffsetX() { return m_offsetX; }
     double GetOffsetY() { return m_offsetY; }
     void SetOffsetXY(double x, double y)
@@ -57,6 +59,7 @@ public:
     }
     CKTwoPointD GetMinMax() { return m_minMax; }
     void SetMinMax(double x1, double y1, double x2, double y2) { m_minMax = CKTwoPointD(x1, y1, x2, y2); }
+    /// @}
 
 protected:
     /// 1 when offset and corners are as a constructor leaves them.

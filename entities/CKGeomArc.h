@@ -15,10 +15,13 @@ public:
     CKGeomArc();
     /// The direction is 0 until it is set.
     CKGeomArc(double startX, double startY, double endX, double endY, double centerX, double centerY, double thickness);
+    /// @{
+    /// Copying and comparing follow CKGeom, with the eight numbers of the arc on top.
     CKGeomArc(const CKGeomArc& other) = default;
     CKGeomArc& operator=(const CKGeomArc& other) = default;
     int operator==(const CKGeomArc& other) const;
     int operator!=(const CKGeomArc& other) const;
+    /// @}
 
     /// The geometry header, then version, start x, start y, end x, end y, thickness, centre x, centre y, direction:
     /// 120 bytes. The thickness stands before the centre.
@@ -28,6 +31,8 @@ public:
     void DrawNoWorldTransform(CKPainter* painter, CDC* dc, unsigned long color) override;
     int GetType() override;
 
+    /// @{
+    /// Ends, centre and thickness in millimetres, as they were set.
     double GetStartX() { return m_startX; }
     double GetStartY() { return m_startY; }
     double GetEndX() { return m_endX; }
@@ -35,10 +40,13 @@ public:
     double GetCenterX() { return m_centerX; }
     double GetCenterY() { return m_centerY; }
     double GetThickness() { return m_thickness; }
-    int GetDirection() { return m_direction; }
+    /// @}
+    int GetDirection() { return m_direction; } ///< the direction code
     /// 1 for direction code -1, else 0.
     int IsCCW() { return m_direction == -1 ? 1 : 0; }
 
+    /// @{
+    /// Nothing is checked, and nothing else changes.
     void SetStart(double x, double y)
     {
         m_startX = x;
@@ -56,6 +64,7 @@ public:
     }
     void SetThickness(double thickness) { m_thickness = thickness; }
     void setDirection(int direction) { m_direction = direction; }
+    /// @}
 
 private:
     double m_startX = 0;

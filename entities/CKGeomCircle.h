@@ -13,13 +13,18 @@ class KOLM_API CKGeomCircle : public CKGeom
 {
 public:
     CKGeomCircle();
-    CKGeomCircle(double centerX, double centerY, double radius);
+    CKGeomCircle(double centerX, double centerY, double radius); ///< in millimetres
+    /// @{
+    /// Copying follows CKGeom, with centre and radius on top.
     CKGeomCircle(const CKGeomCircle& other) = default;
     CKGeomCircle& operator=(const CKGeomCircle& other) = default;
+    /// @}
 
     CKGeom* clone() const override;
     void DrawNoWorldTransform(CKPainter* painter, CDC* dc, unsigned long color) override;
 
+    /// @{
+    /// Centre and radius in millimetres.
     double GetCenterX() { return m_centerX; }
     double GetCenterY() { return m_centerY; }
     double GetRadius() { return m_radius; }
@@ -28,6 +33,7 @@ public:
         m_centerX = x;
         m_centerY = y;
     }
+    /// @}
     /// Takes a float, so that 0.1f is kept as 0.10000000149011612.
     void SetRadius(float radius) { m_radius = radius; }
 

@@ -34,7 +34,7 @@ public:
     CKGeomContainer& operator=(const CKGeomContainer& other);
     /// 1 for the same object, or when offset and corners are equal and IsElementEqual() holds.
     int operator==(const CKGeomContainer& other) const;
-    int operator!=(const CKGeomContainer& other) const;
+    int operator!=(const CKGeomContainer& other) const; ///< the negation of ==
     /// 1 when the counts are equal and the elements pairwise in order, by offset and corners only: neither the kinds of
     /// the elements nor their own fields are compared.
     int IsElementEqual(const CKGeomContainer& other) const;
@@ -50,9 +50,9 @@ public:
     /// every other code. Derived containers add their own kinds.
     virtual CKGeom* NewCKGeom(int type);
 
-    int GetCount() const;
+    int GetCount() const;     ///< null elements included
     uint64_t GetSize() const; ///< the same number
-    int IsEmpty();
+    int IsEmpty();            ///< 1 without elements, else 0
     /// Appends the shape, null included, and owns it from then on.
     void Add(CKGeom* shape);
     /// Null without a list, else the element; outside of 0 ... count - 1 the invalid-argument exception is raised.

@@ -10,11 +10,15 @@ class KOLM_API CKGeomLine : public CKGeom
 {
 public:
     CKGeomLine();
+    /// Ends and thickness in millimetres.
     CKGeomLine(double startX, double startY, double endX, double endY, double thickness);
+    /// @{
+    /// Copying and comparing follow CKGeom, with the five numbers of the line on top.
     CKGeomLine(const CKGeomLine& other) = default;
     CKGeomLine& operator=(const CKGeomLine& other) = default;
     int operator==(const CKGeomLine& other) const;
     int operator!=(const CKGeomLine& other) const;
+    /// @}
 
     /// The geometry header, then version, start x, start y, end x, end y, thickness: 100 bytes.
     void Serialize(CArchive& ar) override;
@@ -23,11 +27,16 @@ public:
     void DrawNoWorldTransform(CKPainter* painter, CDC* dc, unsigned long color) override;
     int GetType() override;
 
+    /// @{
+    /// Ends and thickness in millimetres, as they were set.
     double GetStartX() { return m_startX; }
     double GetStartY() { return m_startY; }
     double GetEndX() { return m_endX; }
     double GetEndY() { return m_endY; }
     double GetThickness() { return m_thickness; }
+    /// @}
+    /// @{
+    /// Nothing is checked, and nothing else changes.
     void SetStart(double x, double y)
     {
         m_startX = x;
@@ -39,6 +48,7 @@ public:
         m_endY = y;
     }
     void SetThickness(double thickness) { m_thickness = thickness; }
+    /// @}
     /// Both ends at once; the thickness stays.
     void SetLocation(double startX, double startY, double endX, double endY)
     {

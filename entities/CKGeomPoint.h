@@ -9,11 +9,14 @@ class KOLM_API CKGeomPoint : public CKGeom
 {
 public:
     CKGeomPoint();
-    CKGeomPoint(double x, double y);
+    CKGeomPoint(double x, double y); ///< in millimetres
+    /// @{
+    /// Copying and comparing follow CKGeom, with both coordinates on top.
     CKGeomPoint(const CKGeomPoint& other) = default;
     CKGeomPoint& operator=(const CKGeomPoint& other) = default;
     int operator==(const CKGeomPoint& other) const;
     int operator!=(const CKGeomPoint& other) const;
+    /// @}
 
     /// The geometry header, then version, x, y: 76 bytes.
     void Serialize(CArchive& ar) override;
@@ -22,6 +25,8 @@ public:
     /// A fresh point at (x, y) that the caller deletes: new object number, white, not picked, offset and corners 0.
     CKGeom* GenerateClone() override;
 
+    /// @{
+    /// The coordinates in millimetres.
     double GetX() { return m_x; }
     double GetY() { return m_y; }
     void SetX(double x) { m_x = x; }
@@ -31,6 +36,7 @@ public:
         m_x = x;
         m_y = y;
     }
+    /// @}
 
 private:
     double m_x = 0;

@@ -26,7 +26,7 @@ public:
     CKGeomPolygon& operator=(const CKGeomPolygon& other);
     /// Compares offset and corners, and the containers by their content.
     int operator==(const CKGeomPolygon& other) const;
-    int operator!=(const CKGeomPolygon& other) const;
+    int operator!=(const CKGeomPolygon& other) const; ///< the negation of ==
 
     /// Writes or reads version, the outline's record and the hole's record, without the geometry header; 20 bytes when
     /// both are empty. Loading a version below 1 leaves both as they are; otherwise each destroys what it held.
@@ -34,9 +34,11 @@ public:
     CKGeom* clone() const override;
     int GetType() override;
 
+    /// @{
     /// The containers, never null; they stay the polygon's.
     CKGeomContainer* getOutline();
     CKGeomContainer* getHole();
+    /// @}
 
 private:
     friend class CKGeomTreeCopy;

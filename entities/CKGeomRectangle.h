@@ -12,8 +12,11 @@ class KOLM_API CKGeomRectangle : public CKGeom
 {
 public:
     CKGeomRectangle();
+    /// @{
+    /// Copying follows CKGeom, with centre, sizes and rotation on top.
     CKGeomRectangle(const CKGeomRectangle& other) = default;
     CKGeomRectangle& operator=(const CKGeomRectangle& other) = default;
+    /// @}
 
     CKGeom* clone() const override;
     void DrawNoWorldTransform(CKPainter* painter, CDC* dc, unsigned long color) override;
@@ -21,6 +24,8 @@ public:
     /// From two x and two y in any order: the centre between them, and the absolute differences narrowed to float.
     void SetData(double x1, double x2, double y1, double y2, float rotation);
 
+    /// @{
+    /// Centre and sizes in millimetres, unrotated; the rotation in degrees. Nothing is checked.
     double GetCenterX() { return m_centerX; }
     double GetCenterY() { return m_centerY; }
     void SetCenterPoint(double x, double y)
@@ -34,6 +39,7 @@ public:
     void SetHeight(float height) { m_height = height; }
     float GetRotation() { return m_rotation; }
     void SetRotation(float rotation) { m_rotation = rotation; }
+    /// @}
 
     double getLeft();   ///< centre x less half the width, unrotated
     double getRight();  ///< centre x plus half the width, unrotated

@@ -13,11 +13,16 @@
 class KOLM_API CKGeomText : public CKGeom
 {
 public:
+    /// Position in millimetres, angle in degrees, font size in device pixels.
     CKGeomText(CString text = "", double x = 0, double y = 0, float angle = 0, int fontSize = 20);
+    /// @{
+    /// Copying and comparing follow CKGeom, with text, position, angle and font size on top.
     CKGeomText(const CKGeomText& other) = default;
     CKGeomText& operator=(const CKGeomText& other) = default;
+    /// @}
     /// Texts compare byte by byte, so that case counts.
     int operator==(const CKGeomText& other) const;
+    /// The negation of ==.
     int operator!=(const CKGeomText& other) const;
 
     /// The geometry header, then version, the string in the platform's encoding (length prefix and one byte a
@@ -31,6 +36,8 @@ public:
     /// Does nothing; a place for hosts.
     virtual void Draw(CKPainter* painter, CDC* dc);
 
+    /// @{
+    /// The fields as they are; units as above.
     CString GetText() { return m_text; }
     void SetText(CString text) { m_text = std::move(text); }
     double GetX() { return m_x; }
@@ -46,6 +53,7 @@ public:
     void SetAngle(float angle) { m_angle = angle; }
     int GetFontSize() { return m_fontSize; }
     void SetFontSize(int fontSize) { m_fontSize = fontSize; }
+    /// @}
 
 private:
     CString m_text;

@@ -13,8 +13,8 @@ class KOLM_API CArrayRectD : public CArray<CRectD*, CRectD*>
 {
 public:
     CArrayRectD();
-    CArrayRectD(const CArrayRectD& other);
-    CArrayRectD& operator=(const CArrayRectD& other);
+    CArrayRectD(const CArrayRectD& other);            ///< holds the same pointers
+    CArrayRectD& operator=(const CArrayRectD& other); ///< the same, instead of what it held
     /// A new list of the same pointers that the caller deletes.
     virtual CArrayRectD* clone() const;
 

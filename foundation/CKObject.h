@@ -20,7 +20,7 @@ public:
     /// Takes over the source's number; both carry the same one afterwards.
     CKObject& operator=(const CKObject& other) = default;
 
-    int GetObjectNumber() const { return m_objectNumber; }
+    int GetObjectNumber() const { return m_objectNumber; } ///< the number, also of copies
     /// Gives the object any number. What the next new object gets is not affected.
     void SetObjNumber(int n) { m_objectNumber = n; }
     /// 1 when the object carries this number, else 0.

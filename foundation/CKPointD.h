@@ -6,8 +6,10 @@
 class KOLM_API CKPointD
 {
 public:
-    CKPointD(double x = 0, double y = 0) : m_x(x), m_y(y) {}
+    CKPointD(double x = 0, double y = 0) : m_x(x), m_y(y) {} ///< in millimetres
 
+    /// @{
+    /// The coordinates in millimetres.
     double GetX() { return m_x; }
     double GetY() { return m_y; }
     void SetX(double x) { m_x = x; }
@@ -17,6 +19,7 @@ public:
         m_x = x;
         m_y = y;
     }
+    /// @}
 
 private:
     double m_x;

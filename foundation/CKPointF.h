@@ -6,8 +6,10 @@
 class KOLM_API CKPointF
 {
 public:
-    CKPointF(float x = 0, float y = 0) : m_x(x), m_y(y) {}
+    CKPointF(float x = 0, float y = 0) : m_x(x), m_y(y) {} ///< in millimetres
 
+    /// @{
+    /// The coordinates in millimetres.
     float GetX() { return m_x; }
     float GetY() { return m_y; }
     void SetX(float x) { m_x = x; }
@@ -17,6 +19,7 @@ public:
         m_x = x;
         m_y = y;
     }
+    /// @}
 
     /// Euclidean distance to (x, y), every step in single precision.
     float GetDistance(float x, float y);

@@ -12,10 +12,13 @@ public:
     /// All four edges, in this order.
     void Set(int left, int right, int bottom, int top);
 
+    /// @{
+    /// The edges as they were set.
     int GetLeft() const { return m_left; }
     int GetRight() const { return m_right; }
     int GetBottom() const { return m_bottom; }
     int GetTop() const { return m_top; }
+    /// @}
 
     /// right - left, negative when they are the other way round. A difference that an int cannot hold gives the nearer
     /// end of its range, here and below.

@@ -28,20 +28,25 @@ public:
     /// 1 for the same object or when all edges are exactly equal. The flags are not compared.
     int operator==(const CKRectD& other) const;
 
+    /// @{
+    /// The edges as they are, arranged or not; 0 in a rectangle that holds nothing.
     double GetLeft() const { return m_left; }
     double GetRight() const { return m_right; }
     double GetBottom() const { return m_bottom; }
     double GetTop() const { return m_top; }
+    /// @}
     /// 1 once edges were set, merged or assigned, else 0.
     int IsInitialized() { return m_initialized; }
 
     /// All four edges; initializes.
     void Set(double left, double right, double bottom, double top);
+    /// @{
     /// The single setters leave the flag as it is.
     void SetLeft(double left) { m_left = left; }
     void SetRight(double right) { m_right = right; }
     void SetBottom(double bottom) { m_bottom = bottom; }
     void SetTop(double top) { m_top = top; }
+    /// @}
 
     double GetWidth() const;  ///< never negative, arranged or not
     double GetWidth();        ///< the same
@@ -51,7 +56,7 @@ public:
     double GetMinSize();      ///< the smaller of width and height
     /// Fills both sizes and returns the larger.
     double GetMaxSizeWidthHeight(double& width, double& height);
-    KPointD GetCenter();
+    KPointD GetCenter(); ///< of edges in any order
 
     /// 1 when the closed rectangles share a point, so touching edges count. Both have to be arranged. The flags are not
     /// looked at: a rectangle that holds nothing takes part as the point (0, 0).

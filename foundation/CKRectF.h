@@ -22,20 +22,25 @@ public:
     /// 1 for the same object or when all edges are exactly equal. The flags are not compared.
     int operator==(const CKRectF& other) const;
 
+    /// @{
+    /// The edges as they are, arranged or not; 0 in a rectangle that holds nothing.
     float GetLeft() const { return m_left; }
     float GetRight() const { return m_right; }
     float GetBottom() const { return m_bottom; }
     float GetTop() const { return m_top; }
+    /// @}
     /// 1 once edges were set, merged or assigned, else 0.
     int IsInitialized() { return m_initialized; }
 
     /// All four edges; initializes.
     void Set(float left, float right, float bottom, float top);
+    /// @{
     /// The single setters leave the flag as it is.
     void SetLeft(float left) { m_left = left; }
     void SetRight(float right) { m_right = right; }
     void SetBottom(float bottom) { m_bottom = bottom; }
     void SetTop(float top) { m_top = top; }
+    /// @}
 
     float GetWidth() const;  ///< never negative, arranged or not
     float GetWidth();        ///< the same

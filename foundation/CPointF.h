@@ -10,8 +10,10 @@ class KOLM_API CPointF
 {
 public:
     CPointF() = default;
+    /// Copies the coordinates.
     CPointF(const CPointF& other) = default;
     virtual ~CPointF();
+    /// Takes the coordinates over.
     CPointF& operator=(const CPointF& other) = default;
 
     /// 1 for the same object, NaNs included, or when both coordinates are exactly equal.
@@ -21,10 +23,13 @@ public:
     /// Writes or reads x and y as two floats, 8 bytes. When the archive ends early its exception passes.
     virtual void Serialize(CArchive& ar);
 
+    /// @{
+    /// The coordinates as they are.
     float GetX() const { return m_x; }
     float GetY() const { return m_y; }
     void SetX(float x) { m_x = x; }
     void SetY(float y) { m_y = y; }
+    /// @}
 
 private:
     float m_x = 0;

@@ -9,9 +9,9 @@ class KOLM_API CRectD
 public:
     /// All four numbers 0.
     CRectD() = default;
-    CRectD(double left, double top, double width, double height);
-    CRectD(const CRectD& other) = default;
-    CRectD& operator=(const CRectD& other) = default;
+    CRectD(double left, double top, double width, double height); ///< the sizes may be negative
+    CRectD(const CRectD& other) = default;                        ///< all four numbers
+    CRectD& operator=(const CRectD& other) = default;             ///< all four numbers
 
     /// A new copy that the caller deletes.
     virtual CRectD* clone() const;
@@ -24,10 +24,13 @@ public:
     /// Sets the four numbers to 0.
     void Init();
 
+    /// @{
+    /// The numbers as they are.
     double GetLeft() const { return m_left; }
     double GetTop() const { return m_top; }
     double GetWidth() const { return m_width; }
     double GetHeight() const { return m_height; }
+    /// @}
     /// Width times height; negative when one of them is.
     double GetArea() const;
 

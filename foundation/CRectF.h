@@ -12,9 +12,9 @@ class KOLM_API CRectF
 {
 public:
     CRectF() = default;
-    CRectF(const CRectF& other) = default;
+    CRectF(const CRectF& other) = default; ///< all four numbers
     virtual ~CRectF();
-    CRectF& operator=(const CRectF& other) = default;
+    CRectF& operator=(const CRectF& other) = default; ///< all four numbers
     /// Takes over each number rounded to the nearest float; beyond the range of float it becomes infinite.
     CRectF& operator=(const CRectD& other);
 
@@ -26,10 +26,13 @@ public:
     /// passes; the numbers read so far stay.
     virtual void Serialize(CArchive& ar);
 
+    /// @{
+    /// The numbers as they are.
     float GetLeft() const { return m_left; }
     float GetTop() const { return m_top; }
     float GetWidth() const { return m_width; }
     float GetHeight() const { return m_height; }
+    /// @}
 
 private:
     float m_left = 0;

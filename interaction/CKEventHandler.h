@@ -56,9 +56,9 @@ public:
 
     /// Records a point, where the next mouse move pans from. A negative x counts as no point.
     void SetClickedMousePoint(int x, int y);
-    void InitClickedMousePoint() { m_clickedX = -1; } ///< forgets the point; its y stays readable
-    int IsSetClickedMousePoint() { return m_clickedX >= 0 ? 1 : 0; }
-    int GetClickedMousePointX() { return m_clickedX; } ///< negative when no point is recorded
+    void InitClickedMousePoint() { m_clickedX = -1; }                ///< forgets the point; its y stays readable
+    int IsSetClickedMousePoint() { return m_clickedX >= 0 ? 1 : 0; } ///< 1 while a point is recorded, else 0
+    int GetClickedMousePointX() { return m_clickedX; }               ///< negative when no point is recorded
     int GetClickedMousePointY() { return m_clickedY; } ///< without meaning when no point is recorded; 0 at first
 
 private:

@@ -15,8 +15,11 @@ class KOLM_API CKPcbElementInfo
 {
 public:
     CKPcbElementInfo() = default; ///< refers to nothing, peeking point (0, 0)
+    /// Either may be null; peeking point (0, 0).
     CKPcbElementInfo(CKEntity* parent, CKEntity* child) : m_parent(parent), m_child(child) {}
+    /// Refers to the same objects; likewise assignment.
     CKPcbElementInfo(const CKPcbElementInfo& other) = default;
+    /// Refers to the same objects.
     CKPcbElementInfo& operator=(const CKPcbElementInfo& other) = default;
 
     // The virtual operations, in the order of their slots.
@@ -27,12 +30,15 @@ public:
 
     static CKPcbElementInfo GenerateEmptyClone(); ///< a record as the default constructor makes it
 
-    CKEntity* GetParent() { return m_parent; } ///< null when there is none; likewise the next two
+    /// @{
+    /// The objects referred to, still their owners'; null for none.
+    CKEntity* GetParent() { return m_parent; }
     void SetParent(CKEntity* parent) { m_parent = parent; }
     CKEntity* GetChild() { return m_child; }
     void SetChild(CKEntity* child) { m_child = child; }
     CObject* GetChildDetail() { return m_childDetail; }
     void SetChildDetail(CObject* detail) { m_childDetail = detail; }
+    /// @}
     /// The child detail as an entity. Null without a detail, and for one that is no entity. Entities are not platform
     /// objects by themselves: a class that is to be found here derives from CObject and from an entity.
     CKEntity* GetChildDetailCKEntity();
@@ -46,8 +52,11 @@ public:
         m_peekingX = x;
         m_peekingY = y;
     }
+    /// @{
+    /// The point as it was set.
     double GetPeekingX() { return m_peekingX; }
     double GetPeekingY() { return m_peekingY; }
+    /// @}
 
     /// 1 without parent and child, else 0. Detail and peeking point alone do not make a hit.
     int IsNull() { return !m_parent && !m_child ? 1 : 0; }

@@ -19,8 +19,8 @@ class CKPainter;
 class KOLM_API CKPickingHandler
 {
 public:
-    CKPickingHandler(); ///< with a new, empty list
-    CKPickingHandler(const CKPickingHandler& source);
+    CKPickingHandler();                               ///< with a new, empty list
+    CKPickingHandler(const CKPickingHandler& source); ///< shares the source's list
     /// Shares the source's list. The list held before is not freed: it stays with the handlers that shared it, and the
     /// list of a handler that was alone becomes the caller's, who asks for it first (GetPickingInfoArray).
     CKPickingHandler& operator=(const CKPickingHandler& source);
@@ -41,7 +41,7 @@ public:
     /// The list itself, which stays the handler's.
     virtual CKPcbElementInfoArray* GetPickingInfoArray();
 
-    int IsEmptyPickingInfo() { return HasRecords() ? 0 : 1; }
+    int IsEmptyPickingInfo() { return HasRecords() ? 0 : 1; } ///< 1 without records, else 0
     /// Appends the record, from then on the handler's. Null is ignored. A record added twice would be freed twice.
     void AddPickingInfo(CKPcbElementInfo* info);
     /// Destroys all records, from the first to the last, for every handler that shares the list.

@@ -42,8 +42,8 @@ public:
 
     // ---- Angles and directions
 
-    static float GetDegree(float radians);
-    static float GetRadian(float degrees);
+    static float GetDegree(float radians); ///< radians x 180 / pi
+    static float GetRadian(float degrees); ///< degrees x pi / 180
     /// The angle as one of [0, 360): below 0, full turns are added one at a time, each sum rounded to float; then the
     /// remainder by 360. A tiny negative angle so becomes 0. Where adding a turn no longer changes the float (from
     /// -2^33 on) the exact remainder is taken. NaN for a NaN and the infinities.
@@ -59,8 +59,8 @@ public:
 
     // ---- Distances and sides
 
-    static float GetDistance(float x1, float y1, float x2, float y2); ///< of two points, all in single precision
-    static double GetDistance(double x1, double y1, double x2, double y2);
+    static float GetDistance(float x1, float y1, float x2, float y2);      ///< of two points, all in single precision
+    static double GetDistance(double x1, double y1, double x2, double y2); ///< the same in double precision
     /// Of the point P from the segment P1-P2, which may be a single point.
     static double GetDistance(double x1, double y1, double x2, double y2, double px, double py);
     /// Of the segments P1-P2 and P3-P4: exactly 0 when they cross. A segment of no length is measured as a point.
@@ -78,6 +78,7 @@ public:
 
     // ---- Rotation
 
+    /// @{
     /// The point turned about the origin, or about a centre, which then comes first in the argument list. No angle is a
     /// special case: 0 keeps every bit, 90 carries the error of pi as a float. The int overloads round each coordinate
     /// of the turned difference as GetRoundedOff() does, which takes negative whole numbers up by one: (-5, 0) by 0 is
@@ -88,24 +89,29 @@ public:
     static KPointF GetRotatedPoint(float cx, float cy, float x, float y, float angle);
     static KPoint GetRotatedPoint(int x, int y, float angle);
     static KPoint GetRotatedPoint(int cx, int cy, int x, int y, float angle);
+    /// @}
     /// The point at a distance and polar angle from the origin. Exact for the angles 0, 90, 180 and 270, but not for
     /// 360 or -90, which are computed like every other.
     static KPointD GetAngleToPoint(double distance, float angle);
 
     // ---- Placement
 
+    /// @{
     /// Turns the point about the origin, except by an angle of exactly 0 (360 is turned, with its rounding), then
     /// negates x when `mirror` is non-zero.
     static void TranslatePoint(double& x, double& y, float angle, int mirror);
     static void TranslatePoint(float& x, float& y, float angle, int mirror);
     static void TranslatePoints(double& x1, double& y1, double& x2, double& y2, float angle, int mirror);
     static void TranslatePoints(float& x1, float& y1, float& x2, float& y2, float angle, int mirror);
+    /// @}
+    /// @{
     /// The same for the centre, start and end of an arc. A mirror inverts the sweep flag, so that the arc still covers
     /// the mirrored points.
     static void TranslateArc(double& cx, double& cy, double& sx, double& sy, double& ex, double& ey,
                              int& counterClockwise, float angle, int mirror);
     static void TranslateArc(float& cx, float& cy, float& sx, float& sy, float& ex, float& ey, int& counterClockwise,
                              float angle, int mirror);
+    /// @}
     /// Where the local displacement (dx, dy) of an element placed at (x, y) lies on the board. Unlike TranslatePoint()
     /// no whole multiple of 360 is turned.
     static KPointD GetLibraryLocation(double x, double y, double dx, double dy, int mirror, float angle);
@@ -183,6 +189,7 @@ public:
     // ---- Rectangles, closed and in the order left, right, bottom, top. One whose edges are the wrong way round holds
     // no point. The initialized flag of a rectangle object is not looked at.
 
+    /// P lies in the rectangle or on its border.
     static int IsInRectangle(double px, double py, double left, double right, double bottom, double top);
     /// The same for P turned by the negated angle and then mirrored.
     static int IsInRectangle(double px, double py, double left, double right, double bottom, double top, float angle,
@@ -190,14 +197,18 @@ public:
     /// The same for the rectangle grown by the margin on every side; 0 for null.
     static int IsInRectangle(double px, double py, CKRectD* rect, double margin);
     static int IsInRectangle(double px, double py, CKRectF* rect, double margin); ///< the margin is added in double
+    /// @{
     /// 1 when the rectangles share a point, touching corners included.
     static int IsIntersectRectangle(double left1, double right1, double bottom1, double top1, double left2,
                                     double right2, double bottom2, double top2);
     static int IsIntersectRectangle(float left1, float right1, float bottom1, float top1, float left2, float right2,
                                     float bottom2, float top2);
+    /// @}
+    /// @{
     /// 1 when `a` meets `b` grown by the margin: whether a finer test of what they bound is worth its time.
     static int IsToCheck(CKRectF& a, CKRectF& b, double margin);
     static int IsToCheck(CKRectD& a, CKRectD& b, double margin);
+    /// @}
     /// 1 when the segment comes as near to the rectangle as the tolerance, or has an end in it.
     static int IsIntersectLineToRectangle(double x1, double y1, double x2, double y2, double tolerance, double left,
                                           double right, double bottom, double top);

@@ -110,48 +110,61 @@ public:
 
     // ---- Members read and written as they are
 
+    /// @{
     /// 1 shows a millimetre as GetPixcelPerMM() pixels. A scale of 0 or no number draws everything into one point.
     double GetScale() { return m_scale; }
     void SetScale(double scale) { m_scale = scale; }
+    /// @}
+    /// @{
     /// Device pixels per logical millimetre at scale 1, from the screen unless set.
     double GetPixcelPerMM() { return m_pixelsPerMM; }
     void SetPixcelPerMM(double pixelsPerMM) { m_pixelsPerMM = pixelsPerMM; }
+    /// @}
+    /// @{
     /// In mirrored form: the negated board x while the board is mirrored.
     double GetLogicalCenterX() { return m_logicalCenterX; }
     double GetLogicalCenterY() { return m_logicalCenterY; }
     KPointD GetLogicalCenterCoord() { return {m_logicalCenterX, m_logicalCenterY}; }
-    int IsLogicalCenterEmpty(); ///< 1 when the centre's x is the largest finite double, whatever its y
-    void SetLogicalCenter(double x, double y);
-    int GetPhysicalCenterX() { return m_physicalCenterX; } ///< the device pixel that shows the logical centre
+    /// @}
+    int IsLogicalCenterEmpty();                ///< 1 when the centre's x is the largest finite double, whatever its y
+    void SetLogicalCenter(double x, double y); ///< in mirrored form
+    /// @{
+    /// The device pixel that shows the logical centre.
+    int GetPhysicalCenterX() { return m_physicalCenterX; }
     int GetPhysicalCenterY() { return m_physicalCenterY; }
     void SetPhysicalCenter(int x, int y);
+    /// @}
     void InitPhysicalCenter() { SetPhysicalCenter(0, 0); } ///< (0, 0)
+    /// @{
     /// The visible rectangle in board millimetres, as of the last fit, frame or UpdateLogicalScreenSide.
     double GetLogicalScreenLeft() { return m_screenLeft; }
     double GetLogicalScreenRight() { return m_screenRight; }
     double GetLogicalScreenTop() { return m_screenTop; }
     double GetLogicalScreenBottom() { return m_screenBottom; }
+    /// @}
     int IsBoardMirrorX() { return m_boardMirror; } ///< non-zero: the board is shown mirrored about the y axis
-    void SetBoardMirrorX(int mirror) { m_boardMirror = mirror; }
-    int IsSimpleDraw() { return m_simpleDraw; } ///< 1 while the host pans; a hint for drawing code
-    void EnableSimpleDraw() { m_simpleDraw = 1; }
-    void DisableSimpleDraw() { m_simpleDraw = 0; }
-    int IsRedraw() { return m_redraw; } ///< the host's own flag
-    void SetRedraw() { m_redraw = 1; }
-    void ReleaseRedraw() { m_redraw = 0; }
+    void SetBoardMirrorX(int mirror) { m_boardMirror = mirror; } ///< the centre stays: negate its x to stay at a place
+    int IsSimpleDraw() { return m_simpleDraw; }                  ///< 1 while the host pans; a hint for drawing code
+    void EnableSimpleDraw() { m_simpleDraw = 1; }                ///< sets it
+    void DisableSimpleDraw() { m_simpleDraw = 0; }               ///< takes it back
+    int IsRedraw() { return m_redraw; }                          ///< the host's own flag
+    void SetRedraw() { m_redraw = 1; }                           ///< sets it
+    void ReleaseRedraw() { m_redraw = 0; }                       ///< takes it back
     int IsFinishDraw() { return m_finishDraw; } ///< 0 while a frame or a capture of the view is composed, 1 afterwards
-    int GetCaptureMode() { return m_captureMode; }
+    int GetCaptureMode() { return m_captureMode; } ///< 0 at first
     /// 0: captures are compatible with the window, 1: monochrome, any other value: no bitmap is made.
     void SetCaptureMode(int mode) { m_captureMode = mode; }
 
     // The saved frame. The setters only store the pointer and the painter owns the new object from then on. The object
     // stored before is not deleted: it goes back to the caller, unless a copy of this painter still holds it.
 
-    CDC* GetSavedDC() { return m_savedDC; } ///< null before the first frame
-    void SetSavedDC(CDC* dc) { m_savedDC = dc; }
+    CDC* GetSavedDC() { return m_savedDC; }             ///< null before the first frame
+    void SetSavedDC(CDC* dc) { m_savedDC = dc; }        ///< null for none
     CBitmap* GetSavedBitmap() { return m_savedBitmap; } ///< the bitmap selected into the saved device context
-    void SetSavedBitmap(CBitmap* bitmap) { m_savedBitmap = bitmap; }
-    double GetSavedDCScale() { return m_savedScale; } ///< this and the next ones: the viewport of the last DrawView
+    void SetSavedBitmap(CBitmap* bitmap) { m_savedBitmap = bitmap; } ///< null for none
+    /// @{
+    /// The viewport of the last DrawView: what the saved frame shows.
+    double GetSavedDCScale() { return m_savedScale; }
     void SetSavedDCScale(double scale) { m_savedScale = scale; }
     KPointD GetSavedDCLogicalCenterCoord() { return m_savedCenter; }
     void SetSavedDCLogicalCenterCoord(KPointD center) { m_savedCenter = center; }
@@ -163,12 +176,16 @@ public:
     void SetSavedDCLogicalScreenRight(double right) { m_savedRight = right; }
     void SetSavedDCLogicalScreenTop(double top) { m_savedTop = top; }
     void SetSavedDCLogicalScreenBottom(double bottom) { m_savedBottom = bottom; }
+    /// @}
 
     /// Behind frames, captures and pixel-copied transparent texts.
     COLORREF GetBackgroundColorForTransparent() { return m_backgroundTransparent; }
-    void SetBackgroundColorForTransparent(COLORREF color) { m_backgroundTransparent = color; }
-    COLORREF GetBackgroundColorForReplacement() { return m_backgroundReplacement; } ///< behind opaque texts
+    void SetBackgroundColorForTransparent(COLORREF color) { m_backgroundTransparent = color; } ///< black at first
+    /// @{
+    /// Behind opaque texts; 1, which is nearly black, at first.
+    COLORREF GetBackgroundColorForReplacement() { return m_backgroundReplacement; }
     void SetBackgroundColorForReplacement(COLORREF color) { m_backgroundReplacement = color; }
+    /// @}
 
     // ---- Figures. Each is built as a path and stroked or filled with objects made for the call. Lengths and points
     // are logical millimetres; pen widths in pixels come from T(width), and 0 is the one-pixel pen.
@@ -186,6 +203,7 @@ public:
                                  double centerX, double centerY, int direction, double width, int unused);
     /// The radius comes first. Outlined with the one-pixel pen, or filled when `fill` is non-zero; likewise below.
     void DrawCircle(CDC* dc, COLORREF color, double radius, double centerX, double centerY, int fill);
+    /// The same in device pixels.
     void DrawCircleNoWorldTransform(CDC* dc, COLORREF color, double radius, double centerX, double centerY, int fill);
     /// Axis-parallel; half sizes are T(size x 0.5).
     void DrawRectangle(CDC* dc, COLORREF color, double centerX, double centerY, double width, double height, int fill);
@@ -200,10 +218,12 @@ public:
     /// A shaft with a head at the second point, and at the first when `bothEnds`. Heads are 1 mm long, or a quarter of
     /// shafts up to 4 mm; wings stand at 20 degrees. Ends that coincide draw nothing. Lines go through DrawLine.
     void DrawArrow(CDC* dc, COLORREF color, double x1, double y1, double x2, double y2, int bothEnds);
+    /// The same in device pixels.
     void DrawArrowNoWorldTransform(CDC* dc, COLORREF color, double x1, double y1, double x2, double y2, int bothEnds);
     /// An arrow with lines of `width`. A head is a quarter of the shaft, but at most a quarter of `headLimit`.
     void DrawArrowWithPenWidth(CDC* dc, COLORREF color, double x1, double y1, double x2, double y2, double width,
                                int headAtStart, int headAtEnd, float headLimit);
+    /// The same in device pixels.
     void DrawArrowNoWorldTransformWithPenWidth(CDC* dc, COLORREF color, double x1, double y1, double x2, double y2,
                                                double width, int headAtStart, int headAtEnd, float headLimit);
     /// Strokes the path built by the caller with a dashed pen over the background colour 1.
@@ -261,16 +281,18 @@ public:
 
     // ---- Stroking and filling the current path, which they use up. Selected objects are put back.
 
-    void StrokePath(CDC* dc, int width, COLORREF color); ///< solid pen of `width` pixels
-    void StrokePath(CDC* dc, CPen& pen);
-    void FillPath(CDC* dc, COLORREF color); ///< in the context's fill mode; open figures are closed
-    void FillPath(CDC* dc, CPen& pen, COLORREF color);
-    void StrokeAndFillPath(CDC* dc, int width, COLORREF color);
-    void StrokeAndFillPath(CDC* dc, CPen& pen, COLORREF color);
+    void StrokePath(CDC* dc, int width, COLORREF color);        ///< solid pen of `width` pixels
+    void StrokePath(CDC* dc, CPen& pen);                        ///< with the given pen
+    void FillPath(CDC* dc, COLORREF color);                     ///< in the context's fill mode; open figures are closed
+    void FillPath(CDC* dc, CPen& pen, COLORREF color);          ///< the same; the pen is selected meanwhile
+    void StrokeAndFillPath(CDC* dc, int width, COLORREF color); ///< fill and pen in one colour
+    void StrokeAndFillPath(CDC* dc, CPen& pen, COLORREF color); ///< with the given pen; the colour is the fill's
+    /// @{
     /// `hatch` is a GDI hatch style 0 to 5, drawn on a transparent background, or -1 for a solid fill. The pen of the
     /// first form is geometric with round ends and joins.
     void StrokeAndFillPathHatchStyle(CDC* dc, int width, COLORREF color, int hatch);
     void StrokeAndFillPathHatchStyle(CDC* dc, CPen& pen, COLORREF color, int hatch);
+    /// @}
 
     // ---- Frames
 
@@ -290,6 +312,7 @@ public:
     /// them until its next paint. Without a window they are drawn into the saved frame once: the next such call removes
     /// them. Nothing without a saved frame.
     void DrawGeomsAndDrawSavedDC(CWnd* wnd, CKGeomArray* first, CKGeomArray* second);
+    /// The same in one colour.
     void DrawGeomsAndDrawSavedDC(CWnd* wnd, CKGeomArray* first, CKGeomArray* second, COLORREF color);
 
     // ---- Event objects: temporary shapes that the painter owns and the host draws.
@@ -299,8 +322,8 @@ public:
     CKGeomArray* GetEventObjects() { return m_eventObjects; }
     void DeleteEventObjects();        ///< deletes the array and its shapes, unless a copy still shares it
     void DeleteEventObjectElements(); ///< deletes the shapes, keeps the array
-    void DeleteLastEventObject();
-    void RemoveLastEventObject(); ///< the caller owns the shape again
+    void DeleteLastEventObject();     ///< nothing without one
+    void RemoveLastEventObject();     ///< the caller owns the shape again
 
     // ---- Capture and export
 

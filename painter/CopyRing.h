@@ -7,7 +7,7 @@ template <typename Owner>
 class CopyRing
 {
 public:
-    explicit CopyRing(Owner* owner) : m_owner(owner), m_previous(this), m_next(this) {}
+    explicit CopyRing(Owner* owner) : m_owner(owner), m_previous(this), m_next(this) {} ///< a ring of one
     ~CopyRing() { Leave(); }
     CopyRing(const CopyRing&) = delete;
     CopyRing& operator=(const CopyRing&) = delete;

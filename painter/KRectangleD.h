@@ -4,8 +4,8 @@
 /// the point of the board itself, never negated for a mirrored view. Plain record; hosts fill it in this order.
 struct KRectangleD
 {
-    double width;
-    double height;
-    double centerX;
-    double centerY;
+    double width;   ///< in millimetres, as all four
+    double height;  ///< 0 takes the value of the width, and the other way round
+    double centerX; ///< of the middle
+    double centerY; ///< upward
 };

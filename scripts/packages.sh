@@ -5,7 +5,7 @@
 build_packages="g++ cmake ninja-build pkg-config libfreetype-dev libfontconfig-dev libjpeg62-turbo-dev libpng-dev \
 libcurl4-openssl-dev ca-certificates fonts-dejavu-core qt6-base-dev"
 # On top of those: the test framework, the benchmark framework and what it is compared with, and fourteen real boards.
-test_packages="make dpkg-dev file libgtest-dev libbenchmark-dev libboost-dev libre2-dev kicad-demos"
+test_packages="doxygen make dpkg-dev file libgtest-dev libbenchmark-dev libboost-dev libre2-dev kicad-demos"
 
 need_packages() {
     local missing=() package

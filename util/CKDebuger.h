@@ -17,22 +17,25 @@ class KOLM_API CKDebuger
 public:
     CKDebuger();               ///< one timer, started
     explicit CKDebuger(int n); ///< see InitTimes
+    /// Copies the readings; see above.
     CKDebuger(const CKDebuger& other);
+    /// Takes the readings over, and the number of timers.
     CKDebuger& operator=(const CKDebuger& other);
     ~CKDebuger() = default;
 
     /// Replaces all timers by n new ones, started now in turn with a total of 0. For n below 1 there are none.
     void InitTimes(int n);
-    void StartTime(int k);
+    void StartTime(int k); ///< from now on; the total stays
     /// Adds the time since the last start to the total. The timer runs on from that start: without a new one, a second
     /// call adds the same stretch again.
     void AddElapsedTime(int k);
 
     LONG GetElapsedTime() { return GetElapsedTime(1); } ///< since the start of timer 1
     LONG GetElapsedTime(int k);                         ///< since the last start of timer k
+    /// GetElapsedTime() in seconds.
     float GetElapsedTimeForSecond() { return GetElapsedTimeForSecond(1); }
     float GetElapsedTimeForSecond(int k); ///< GetElapsedTime(k) in seconds
-    LONG GetElapsedTotalTime(int k);
+    LONG GetElapsedTotalTime(int k);      ///< what AddElapsedTime has summed up
 
     /// 1 when x and y each differ by at most the tolerance, borders included: a square, not a circle. Else 0, also when
     /// anything is NaN or the positions lie at the same infinity.
@@ -44,9 +47,11 @@ public:
     /// but those that 12 divides.
     static COLORREF GetDebugColor(int index);
 
+    /// @{
     /// Shows a text, or a number with six decimals, in a box with an OK button; returns when it is closed.
     static void ShowMessageBox(CString text);
     static void ShowMessageBox(double value);
+    /// @}
 
 private:
     CArray<LONG, LONG&> m_starts; ///< of timer k at k - 1: the clock when it was started

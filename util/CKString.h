@@ -19,10 +19,10 @@
 class KOLM_API CKString
 {
 public:
-    static int IsWildCard(char c); ///< 1 for "#", "*" and "?", else 0
-    static int IsWildCardAsterisk(char c);
-    static int IsWildCardSharp(char c);
-    static int IsWildCardQuestion(char c);
+    static int IsWildCard(char c);         ///< 1 for "#", "*" and "?", else 0
+    static int IsWildCardAsterisk(char c); ///< 1 for "*", else 0
+    static int IsWildCardSharp(char c);    ///< 1 for "#", else 0
+    static int IsWildCardQuestion(char c); ///< 1 for "?", else 0
 
     /// 1 when the text holds a wildcard with no apostrophe right before it, else 0. Two apostrophes before a wildcard
     /// count like one.
