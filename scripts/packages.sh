@@ -4,8 +4,11 @@
 # drawn with.
 build_packages="g++ cmake ninja-build pkg-config libfreetype-dev libfontconfig-dev libjpeg62-turbo-dev libpng-dev \
 libcurl4-openssl-dev ca-certificates fonts-dejavu-core qt6-base-dev"
-# On top of those: the test framework, the benchmark framework and what it is compared with, and fourteen real boards.
-test_packages="doxygen make dpkg-dev file libgtest-dev libbenchmark-dev libboost-dev libre2-dev kicad-demos"
+# What the benchmarks compare with; each of them may be missing.
+peer_packages="libagg-dev libboost-dev libboost-serialization-dev libcairo2-dev libcereal-dev libcgal-dev libgeos-dev \
+libpcre2-dev libre2-dev"
+# On top of those: the test framework, the benchmark framework with its peers, and fourteen real boards.
+test_packages="doxygen make dpkg-dev file libgtest-dev libbenchmark-dev kicad-demos $peer_packages"
 
 need_packages() {
     local missing=() package
