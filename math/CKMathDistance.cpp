@@ -1,5 +1,8 @@
 #include "math/CKMath.h"
 
+#include "math/Crossing.h"
+
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -21,6 +24,12 @@ inline double SquaredDistance(double x1, double y1, double x2, double y2, double
     return ex * ex + ey * ey;
 }
 
+/// The negated cross product of P2 - P1 and P3 - P1: positive to the right of the line.
+inline double SideOf(double x1, double y1, double x2, double y2, double x3, double y3)
+{
+    return (y2 - y1) * (x3 - x1) - (x2 - x1) * (y3 - y1);
+}
+
 /// GetRelativeDirection() on the line: behind P1 the projection of e = P3 - P1 is negative, beyond P2 that of P3 - P2
 /// is positive.
 int DirectionOnLine(double dx, double dy, double ex, double ey)
@@ -31,17 +40,16 @@ int DirectionOnLine(double dx, double dy, double ex, double ey)
     return along < 0.0 ? -1 : 0;
 }
 
-/// GetRelativeDirection(), for the four calls of the crossing test. Without branches for points off the line.
-inline int DirectionOf(double x1, double y1, double x2, double y2, double x3, double y3)
+/// The crossing test: each segment has to have the ends of the other on both of its sides.
+inline int IsCrossing(double x1, double y1, double x2, double y2, double x3, double y3, double x4, double y4)
 {
-    const double dx = x2 - x1;
-    const double dy = y2 - y1;
-    const double ex = x3 - x1;
-    const double ey = y3 - y1;
-    const double side = dy * ex - dx * ey;
-    if (side == 0.0)
-        return DirectionOnLine(dx, dy, ex, ey);
-    return int(side > 0.0) - int(side < 0.0);
+    // All four sides are taken at once: leaving after two saves less than the branch costs.
+    const double ofB = SideOf(x1, y1, x2, y2, x3, y3) * SideOf(x1, y1, x2, y2, x4, y4);
+    const double ofA = SideOf(x3, y3, x4, y4, x1, y1) * SideOf(x3, y3, x4, y4, x2, y2);
+    // A product of 0, which an underflow can be as well, and a NaN say nothing yet.
+    if (!(std::fabs(ofA * ofB) > 0.0))
+        return geo::IsCrossingByCodes(x1, y1, x2, y2, x3, y3, x4, y4);
+    return std::max(ofA, ofB) < 0.0;
 }
 
 } // namespace
@@ -71,7 +79,7 @@ double CKMath::GetDistance(double x1, double y1, double x2, double y2, double x3
     // The crossing test calls any two points crossing, so segments of no length go past it.
     const bool isPointA = x1 == x2 && y1 == y2;
     const bool isPointB = x3 == x4 && y3 == y4;
-    if (!isPointA && !isPointB && IsIntersectLineToLine(x1, y1, x2, y2, x3, y3, x4, y4))
+    if (!isPointA && !isPointB && IsCrossing(x1, y1, x2, y2, x3, y3, x4, y4))
         return 0.0;
 
     // Segments that do not cross are nearest to each other at an end of one of them. The root of the least square is
@@ -104,19 +112,14 @@ float CKMath::GetLineXOrLineY(float x1, float y1, float x2, float y2, int wantY,
 // coordinates of up to 25 bits; beyond, rounding may call points near the line collinear or swap their side.
 int CKMath::GetRelativeDirection(double x1, double y1, double x2, double y2, double x3, double y3)
 {
-    return DirectionOf(x1, y1, x2, y2, x3, y3);
+    const double side = SideOf(x1, y1, x2, y2, x3, y3);
+    if (side == 0.0)
+        return DirectionOnLine(x2 - x1, y2 - y1, x3 - x1, y3 - y1);
+    return int(side > 0.0) - int(side < 0.0);
 }
 
-// The codes beyond the ends of a segment (-1 behind, +1 beyond) make collinear segments come out right too: both ends
-// of the other on one side of it multiply to 1, like two ends to the left.
 int CKMath::IsIntersectLineToLine(double x1, double y1, double x2, double y2, double x3, double y3, double x4,
                                   double y4)
 {
-    // Each segment has to have the ends of the other on both of its sides or on itself. All four sides are taken at
-    // once; leaving after two saves less than the branch costs.
-    const int side3 = DirectionOf(x1, y1, x2, y2, x3, y3);
-    const int side4 = DirectionOf(x1, y1, x2, y2, x4, y4);
-    const int side1 = DirectionOf(x3, y3, x4, y4, x1, y1);
-    const int side2 = DirectionOf(x3, y3, x4, y4, x2, y2);
-    return int(side3 * side4 <= 0) & int(side1 * side2 <= 0);
+    return IsCrossing(x1, y1, x2, y2, x3, y3, x4, y4);
 }

@@ -1,6 +1,19 @@
 #include "math/CKMath.h"
 
+#include "math/Crossing.h"
+
 #include <limits>
+
+// The codes beyond the ends of a segment (-1 behind, +1 beyond) make collinear segments come out right too: both ends
+// of the other on one side of it multiply to 1, like two ends to the left.
+int geo::IsCrossingByCodes(double x1, double y1, double x2, double y2, double x3, double y3, double x4, double y4)
+{
+    const int side3 = CKMath::GetRelativeDirection(x1, y1, x2, y2, x3, y3);
+    const int side4 = CKMath::GetRelativeDirection(x1, y1, x2, y2, x4, y4);
+    const int side1 = CKMath::GetRelativeDirection(x3, y3, x4, y4, x1, y1);
+    const int side2 = CKMath::GetRelativeDirection(x3, y3, x4, y4, x2, y2);
+    return side3 * side4 <= 0 && side1 * side2 <= 0;
+}
 
 namespace {
 
