@@ -1,6 +1,6 @@
 #include "BoardView.h"
 
-#include "PictureExport.h"
+#include "PictureFile.h"
 
 #include <algorithm>
 #include <cmath>
@@ -285,19 +285,26 @@ void BoardView::SetScheme(Scheme scheme)
 
 // ---- Copies
 
-bool BoardView::CopyPicture()
+/// A copy of the window's size, which the clipboard and files can take: the bitmaps of the window and the saved frame
+/// stay selected where they are. False when there are no pixels or no memory.
+bool BoardView::CopyPixels(CDC* source, CBitmap& bitmap)
 {
-    if (!Pixels().bmBits)
-        return false;
     CClientDC dc(&window);
     CDC copy;
-    CBitmap bitmap;
-    if (!copy.CreateCompatibleDC(&dc) || !bitmap.CreateCompatibleBitmap(&dc, width, height))
+    if (!source || !copy.CreateCompatibleDC(&dc) || !bitmap.CreateCompatibleBitmap(&dc, width, height))
         return false;
     CBitmap* const former = copy.SelectObject(&bitmap);
-    copy.BitBlt(0, 0, width, height, &dc, 0, 0, SRCCOPY);
+    copy.BitBlt(0, 0, width, height, source, 0, 0, SRCCOPY);
     copy.SelectObject(former);
+    return true;
+}
 
+bool BoardView::CopyPicture()
+{
+    CBitmap bitmap;
+    CClientDC dc(&window);
+    if (!Pixels().bmBits || !CopyPixels(&dc, bitmap))
+        return false;
     painter->CopyToClipboardBitmap(bitmap.GetSafeHandle(), &window);
     // The painter does not say how it went: the clipboard has the bitmap, or it is still ours to delete.
     if (!OpenClipboard(window))
@@ -311,15 +318,12 @@ bool BoardView::CopyPicture()
 
 void BoardView::Export(const std::string& path)
 {
-    if (!EnsureView())
+    PictureFile target(path);
+    CBitmap bitmap;
+    // Overlays are never in the saved frame.
+    if (!Pixels().bmBits || !CopyPixels(painter->GetSavedDC(), bitmap))
         throw std::runtime_error(path + ": the window has no pixels to write");
-    BoardPainter exported(file->picture);
-    exported.SetBoardMirrorX(IsFromBack());
-    exported.SetBackgroundColorForTransparent(layers.Background());
-    exported.ShowLayers(LayersToDraw());
-    const FileArea area = {painter->GetLogicalScreenLeft(), -painter->GetLogicalScreenTop(),
-                           painter->GetLogicalScreenRight(), -painter->GetLogicalScreenBottom()};
-    ExportPicture(exported, {width, height}, area, path);
+    target.Write(static_cast<HBITMAP>(bitmap.GetSafeHandle()), painter->GetScale() * painter->GetPixcelPerMM());
 }
 
 } // namespace viewer

@@ -118,8 +118,8 @@ public:
     /// Puts a copy of what the window shows on the library's clipboard. False where there is nothing to show, or the
     /// clipboard refuses.
     bool CopyPicture();
-    /// Writes what the window shows, without picks, to a picture file of the window's size. Throws as ExportPicture
-    /// does, and where the window has no pixels.
+    /// Writes what the window shows, without picks, to a picture file of the window's size. Throws std::runtime_error
+    /// as PictureFile does, and where the window has no pixels.
     void Export(const std::string& path);
 
 private:
@@ -136,6 +136,7 @@ private:
     std::vector<BoardElement*> ElementsOf(const FoundItem& item) const;
     void BringIntoView(const std::vector<BoardElement*>& elements, KPointD position);
     void Invalidate();
+    bool CopyPixels(CDC* source, CBitmap& bitmap);
 
     std::function<void()> repaint;
     CWnd window;

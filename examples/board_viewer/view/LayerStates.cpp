@@ -114,12 +114,14 @@ Colour SchemeColour(const PictureLayer& layer, Scheme scheme)
         return layer.colour;
     if (layer.name == kHolesName)
         return 0xF5F5F5;
-    // As bright as is still well seen on white; darker colours stay as they are.
+    // What is too bright to be seen on white becomes the darker the brighter it was: letters that stand out on the
+    // copper of the dark scheme stand out here too.
     constexpr int kBrightest = 130;
-    const int red = int(layer.colour & 0xFF), green = int(layer.colour >> 8 & 0xFF),
-              blue = int(layer.colour >> 16 & 0xFF);
-    const int brightness = std::max((2 * red + 5 * green + blue) / 8, kBrightest);
-    return EachChannel(layer.colour, 0, [=](int channel, int) { return channel * kBrightest / brightness; });
+    const int red = int(layer.colour & 0xFF), green = int(layer.colour >> 8 & 0xFF);
+    const int blue = int(layer.colour >> 16 & 0xFF);
+    const int brightness = std::max((2 * red + 5 * green + blue) / 8, 1);
+    const int wanted = brightness <= kBrightest ? brightness : kBrightest - (brightness - kBrightest) * 3 / 4;
+    return EachChannel(layer.colour, 0, [=](int channel, int) { return channel * wanted / brightness; });
 }
 
 Colour DimmedColour(Colour colour, Colour background)

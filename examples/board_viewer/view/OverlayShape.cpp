@@ -59,6 +59,15 @@ Polygon PointsOfArc(const Figure& arc)
     return points;
 }
 
+bool IsThin(const Polygon& polygon, double thinnest)
+{
+    const auto isLeft = [](KPointD a, KPointD b) { return a.x < b.x; };
+    const auto isBelow = [](KPointD a, KPointD b) { return a.y < b.y; };
+    const auto [left, right] = std::minmax_element(polygon.begin(), polygon.end(), isLeft);
+    const auto [low, high] = std::minmax_element(polygon.begin(), polygon.end(), isBelow);
+    return right->x - left->x < thinnest || high->y - low->y < thinnest;
+}
+
 /// Adds the polygons that cover a figure's ink, strokes at least as wide as `thinnest`.
 void AppendPolygons(const Figure& figure, double thinnest, std::vector<Polygon>& polygons)
 {
@@ -73,13 +82,15 @@ void AppendPolygons(const Figure& figure, double thinnest, std::vector<Polygon>&
         line = PointsOfArc(ring);
     }
     const bool closed = figure.kind == Figure::Kind::Polygon || figure.kind == Figure::Kind::Circle;
-    if (closed && figure.filled && line.size() > 2) {
+    const bool isArea = closed && figure.filled && line.size() > 2;
+    if (isArea) {
         polygons.push_back(line);
         if (TwiceArea(line) < 0)
             std::reverse(polygons.back().begin(), polygons.back().end());
     }
 
-    const double radius = std::max(figure.width, figure.filled ? 0 : thinnest) / 2;
+    // An area that is large enough to be seen needs no wider border than its own.
+    const double radius = std::max(figure.width, isArea && !IsThin(line, thinnest) ? 0 : thinnest) / 2;
     for (size_t i = 1; radius > 0 && i < line.size(); ++i)
         polygons.push_back(Capsule(line[i - 1], line[i], radius));
     if (radius > 0 && figure.kind == Figure::Kind::Polygon && line.size() > 2)
