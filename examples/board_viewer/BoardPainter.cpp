@@ -149,7 +149,11 @@ int BoardPainter::IsExistData(CWnd*)
 
 KRectangleD BoardPainter::GetTargetSize()
 {
-    CKRectD box = BoundsOf(picture);
+    return TargetFor(BoundsOf(picture));
+}
+
+KRectangleD BoardPainter::TargetFor(CKRectD box)
+{
     if (!box.IsInitialized())
         return {1, 1, 0, 0}; // nothing to see; any area will do
     const KPointD centre = box.GetCenter();

@@ -43,6 +43,10 @@ public:
     /// The board's outline; see BoundsOf(const BoardPicture&).
     KRectangleD GetTargetSize() override;
 
+protected:
+    /// The target area for bounds, never without extent; any area where they hold nothing.
+    static KRectangleD TargetFor(CKRectD box);
+
 private:
     void ShowAll();
     void DrawLayer(CDC* dc, const PictureLayer& layer, COLORREF colour);

@@ -119,6 +119,10 @@ constexpr KnownOption kKnownOptions[] = {
     {"--area", 1, [](Options& o, const std::string* v) { o.area = ParseArea(v[0]); }},
     {"--layers", 1, [](Options& o, const std::string* v) { o.layers = SplitAt(',', v[0]); }},
     {"--mirror", 0, [](Options& o, const std::string*) { o.mirror = true; }},
+    {"--diff", 3,
+     [](Options& o, const std::string* v) {
+         o.diff = {v[0], v[1], v[2]};
+     }},
     {"--info", 0, [](Options& o, const std::string*) { o.info = true; }},
     {"--clearance", 1, [](Options& o, const std::string* v) { o.clearance = ParseClearance(v[0]); }},
     {"--find", 1, [](Options& o, const std::string* v) { o.find = v[0]; }},
@@ -188,7 +192,10 @@ private:
             throw std::runtime_error("one size at a time: --size, --dpi or --px-per-mm");
         if (options.json && !options.clearance)
             throw std::runtime_error("--json goes with --clearance");
-        CheckOneBoard();
+        if (options.diff)
+            CheckDifference(*options.diff);
+        else
+            CheckOneBoard();
     }
 
     /// Its size is the desktop's business.
@@ -216,6 +223,20 @@ private:
         CheckOutput("--export", options.exportPath, options.input);
         CheckOutput("--archive", options.archivePath, options.input);
         CheckOutput("--archive", options.archivePath, options.exportPath);
+    }
+
+    /// Its files are its values, and its report is the one.
+    void CheckDifference(const DifferencePaths& paths) const
+    {
+        if (!options.input.empty())
+            throw std::runtime_error("--diff OLD NEW OUT takes no further file: " + options.input);
+        for (const char* other : {"--export", "--archive", "--info", "--clearance", "--find", "--log"}) {
+            if (IsGiven(other))
+                throw std::runtime_error(std::string("--diff and ") + other + " do not go together");
+        }
+        CheckPicture("--diff", paths.picture);
+        CheckOutput("--diff", paths.picture, paths.older);
+        CheckOutput("--diff", paths.picture, paths.newer);
     }
 
     static void CheckPicture(const char* option, const std::string& path)
@@ -247,7 +268,8 @@ Options ParseOptions(const std::vector<std::string>& arguments)
 const char* UsageText()
 {
     return "board_viewer [FILE] [options]         FILE is a .kicad_pcb board or an archive made by --archive\n"
-           "without one of --export, --archive, --info, --clearance and --find, a window shows the board\n"
+           "board_viewer --diff OLD NEW OUT [...] compares two revisions of a board\n"
+           "without one of --export, --diff, --archive, --info, --clearance and --find, a window shows the board\n"
            "  --export OUT.png|.bmp|.jpg  write a picture of the board\n"
            "  --size WxH                  its size in pixels, 1600x1200 by default\n"
            "  --dpi N                     or: the size follows from N dots per inch of the area, or of the outline\n"
@@ -255,6 +277,10 @@ const char* UsageText()
            "  --area X1,Y1,X2,Y2          frame exactly this area, in the file's millimetres (y down)\n"
            "  --layers A,B,...            only these layers, the last on top\n"
            "  --mirror                    the board seen from the back, whose layers then lie on top\n"
+           "  --diff OLD NEW OUT          write a picture of what both have (grey), what only OLD has (orange) and\n"
+           "                              what only NEW has (blue), and list the layers that differ, each with the\n"
+           "                              numbers of elements that only OLD and only NEW have; --layers limits both;\n"
+           "                              exit code 0 when they are equal, 1 when not, 2 on an error\n"
            "  --archive OUT.kolm          store the board as shapes\n"
            "  --info                      describe the board as JSON on standard output\n"
            "  --clearance MM              list copper of different nets that lies closer than this, nearest first:\n"

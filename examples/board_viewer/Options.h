@@ -10,15 +10,24 @@
 
 namespace viewer {
 
+/// Two revisions of a board and the picture of how they differ.
+struct DifferencePaths
+{
+    std::string older;
+    std::string newer;
+    std::string picture;
+};
+
 struct Options
 {
-    std::string input;       ///< empty only with help, and for a window without a board
+    std::string input;       ///< empty with help, a difference, and a window without a board
     std::string exportPath;  ///< empty: no picture
     std::string archivePath; ///< empty: no archive
     PictureSize size;
     std::optional<FileArea> area;
     std::vector<std::string> layers; ///< empty: all
     bool mirror = false;
+    std::optional<DifferencePaths> diff; ///< instead of the input
     bool info = false;
     std::optional<double> clearance; ///< millimetres, above 0
     std::string find;                ///< wildcard search text; empty: no search

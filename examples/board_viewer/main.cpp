@@ -5,14 +5,17 @@
 #include "BoardFile.h"
 #include "BoardFind.h"
 #include "BoardInfo.h"
+#include "DiffPicture.h"
 #include "Options.h"
 #include "ReportText.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <exception>
 #include <filesystem>
+#include <set>
 #include <unistd.h>
 
 // All errors of all parts arrive here as exceptions and become one line; nothing else writes to standard error.
@@ -55,24 +58,33 @@ void PrintError(const std::string& text)
     std::fprintf(stderr, "board_viewer: %s\n", PlainText(text).c_str());
 }
 
-[[noreturn]] void FailUnknownLayer(const BoardPicture& picture, const std::string& name)
+/// Throws for names of layers that none of the pictures has, and tells which there are.
+void CheckLayers(const std::vector<std::string>& names, const std::vector<const BoardPicture*>& pictures)
 {
-    std::string message = "unknown layer '" + name + "'; the board has";
-    for (const auto& layer : picture.layers)
-        message.append(" ").append(layer->name);
+    const auto has = [&](const std::string& name) {
+        return std::any_of(pictures.begin(), pictures.end(), [&](const BoardPicture* p) { return p->Find(name); });
+    };
+    const auto unknown = std::find_if_not(names.begin(), names.end(), has);
+    if (unknown == names.end())
+        return;
+    std::string message = "unknown layer '" + *unknown + "'; the board has";
+    std::set<std::string> listed;
+    for (const BoardPicture* picture : pictures) {
+        for (const auto& layer : picture->layers) {
+            if (listed.insert(layer->name).second)
+                message.append(" ").append(layer->name);
+        }
+    }
     throw std::runtime_error(message);
 }
 
-/// In the order asked for. Throws for a name that the board does not have, and tells which it has.
+/// In the order asked for.
 std::vector<const PictureLayer*> FindLayers(const BoardPicture& picture, const std::vector<std::string>& names)
 {
+    CheckLayers(names, {&picture});
     std::vector<const PictureLayer*> layers;
-    for (const std::string& name : names) {
-        const PictureLayer* layer = picture.Find(name);
-        if (!layer)
-            FailUnknownLayer(picture, name);
-        layers.push_back(layer);
-    }
+    for (const std::string& name : names)
+        layers.push_back(picture.Find(name));
     return layers;
 }
 
@@ -117,6 +129,22 @@ int Report(const BoardFile& file, const Options& options)
     return found.empty() ? 1 : 0;
 }
 
+/// The exit code: 1 for revisions that differ.
+int RunDifference(const Options& options)
+{
+    const BoardFile older = Open(options.diff->older);
+    const BoardFile newer = Open(options.diff->newer);
+    CheckLayers(options.layers, {&older.picture, &newer.picture});
+    BoardDifference difference = CompareBoards(older, newer);
+    KeepLayers(difference, options.layers);
+    const auto changes = difference.changes;
+
+    const DiffView view = {options.layers, options.size, options.area, options.mirror};
+    ExportDifference(std::move(difference), older, newer, view, options.diff->picture);
+    Print(DifferenceLines(changes));
+    return changes.empty() ? 0 : 1;
+}
+
 /// The archive is written before the picture, the report comes last, and each only when asked for.
 int Run(const Options& options)
 {
@@ -144,24 +172,27 @@ void StartWindow([[maybe_unused]] char** arguments)
     execv(program.c_str(), arguments);
     throw std::runtime_error(program + ": cannot be started: " + std::strerror(errno));
 #else
-    throw std::runtime_error("built without a window; give --export, --archive, --info, --clearance or --find");
+    throw std::runtime_error("built without a window; give --export, --diff, --archive, --info, --clearance or --find");
 #endif
 }
 
 } // namespace
 
-/// Exit code 0; 1 after one line on standard error, or for a search that found nothing.
+/// Exit code 0; 1 after one line on standard error, or for a search that found nothing. Where revisions are compared, 1
+/// says that they differ, and errors are 2.
 int main(int argc, char** argv)
 {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const bool compares = std::find(arguments.begin(), arguments.end(), "--diff") != arguments.end();
     try {
-        const Options options = ParseOptions(std::vector<std::string>(argv + 1, argv + argc));
+        const Options options = ParseOptions(arguments);
         if (options.help) {
             std::fputs(UsageText(), stdout);
             return 0;
         }
         if (options.window)
             StartWindow(argv);
-        return Run(options);
+        return options.diff ? RunDifference(options) : Run(options);
     } catch (const std::exception& error) {
         PrintError(error.what());
     } catch (CException* exception) {
@@ -170,5 +201,5 @@ int main(int argc, char** argv)
         exception->Delete();
         PrintError(text);
     }
-    return 1;
+    return compares ? 2 : 1;
 }

@@ -86,6 +86,31 @@ TEST(CommandLine, ReportsGoToStandardOutput)
     }
 }
 
+TEST(CommandLine, ADifferenceIsToldByTheExitCode)
+{
+    const TestFolder folder;
+    const std::string frame = "(gr_rect (start 0 0) (end 9 9) (layer \"Edge.Cuts\") (width 1) (fill none))";
+    WriteBytes(folder.File("a.kicad_pcb"), BoardText(frame));
+    WriteBytes(folder.File("b.kicad_pcb"), BoardText(frame + "(gr_text X (at 4 4) (layer F.SilkS))"));
+    const std::tuple<const char*, int, const char*, const char*> cases[] = {
+        {"--diff a.kicad_pcb a.kicad_pcb d.png", 0, "0 layers differ\n", ""},
+        {"--diff a.kicad_pcb b.kicad_pcb d.png", 1, "F.SilkS\t0\t1\n1 layer differs\n", ""},
+        {"--diff b.kicad_pcb a.kicad_pcb d.png --layers Edge.Cuts", 0, "0 layers differ\n", ""},
+        {"--diff a.kicad_pcb c.kicad_pcb d.png", 2, "", "c.kicad_pcb: cannot be read"},
+        {"--diff a.kicad_pcb b.kicad_pcb none/d.png", 2, "", "none/d.png: cannot be written"},
+        {"--diff a.kicad_pcb b.kicad_pcb d.png --layers F.Cu,Nope", 2, "", "unknown layer 'Nope'"},
+        {"--diff a.kicad_pcb b.kicad_pcb d.png --px-per-mm 1e5", 2, "", "the picture would have"},
+        {"--diff a.kicad_pcb b.kicad_pcb", 2, "", "--diff needs 3 values"},
+    };
+    for (const auto& [arguments, code, output, message] : cases) {
+        const Outcome outcome = RunViewer(folder, arguments);
+        EXPECT_EQ(outcome.code, code) << arguments;
+        EXPECT_EQ(outcome.output, output) << arguments;
+        EXPECT_NE(outcome.errors.find(message), std::string::npos) << arguments << ": " << outcome.errors;
+        EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), code == 2) << outcome.errors;
+    }
+}
+
 TEST(CommandLine, AFullDiskKeepsTheOldFile)
 {
     const TestFolder folder;

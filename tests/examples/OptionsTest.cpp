@@ -42,13 +42,22 @@ TEST(Options, ShowsAWindowWhereNothingElseIsAskedFor)
 {
     EXPECT_TRUE(ParseOptions({}).window);
     EXPECT_TRUE(ParseOptions({"b", "--mirror", "--layers", "F.Cu", "--log"}).window);
-    const std::vector<std::string> others[] = {{"b", "--export", "o.bmp"},
-                                               {"b", "--archive", "o.kolm"},
-                                               {"b", "--info"},
-                                               {"b", "--clearance", "1"},
-                                               {"b", "--find", "R*"}};
+    const std::vector<std::string> others[] = {
+        {"b", "--export", "o.bmp"}, {"b", "--archive", "o.kolm"}, {"b", "--info"},
+        {"b", "--clearance", "1"},  {"b", "--find", "R*"},        {"--diff", "a", "b", "d.png"}};
     for (const std::vector<std::string>& arguments : others)
         EXPECT_FALSE(ParseOptions(arguments).window) << arguments[1];
+}
+
+TEST(Options, TakesADifference)
+{
+    const Options options = ParseOptions({"--mirror", "--diff", "old", "new", "d.png", "--layers", "F.Cu"});
+    ASSERT_TRUE(options.diff);
+    EXPECT_EQ(options.diff->older, "old");
+    EXPECT_EQ(options.diff->newer, "new");
+    EXPECT_EQ(options.diff->picture, "d.png");
+    EXPECT_TRUE(options.mirror);
+    EXPECT_EQ(options.layers, std::vector<std::string>{"F.Cu"});
 }
 
 TEST(Options, RefusesTheRestByName)
@@ -78,6 +87,15 @@ TEST(Options, RefusesTheRestByName)
         {{"a", "--info", "--dpi", "1", "--px-per-mm", "1"}, "one size at a time"},
         {{"a", "--info", "--size", "1x1", "--size", "1x1"}, "--size is given twice"},
         {{"a", "--info", "--mirror", "--mirror"}, "--mirror is given twice"},
+        {{"--diff", "a", "b"}, "--diff needs 3 values"},
+        {{"--diff", "a", "", "d.png"}, "--diff needs 3 values"},
+        {{"--diff", "a", "b", "d.gif"}, ".png, .bmp or .jpg"},
+        {{"--diff", "a", "b.bmp", "./b.bmp"}, "would overwrite b.bmp"},
+        {{"--diff", "a.bmp", "b", "a.bmp"}, "would overwrite a.bmp"},
+        {{"a", "--diff", "a", "b", "d.png"}, "takes no further file: a"},
+        {{"--diff", "a", "b", "d.png", "--info"}, "--diff and --info"},
+        {{"--diff", "a", "b", "d.png", "--log"}, "--diff and --log"},
+        {{"--diff", "a", "b", "d.png", "--export", "e.png"}, "--diff and --export"},
         {{"a", "-h", "--help"}, "--help is given twice"},
         {{"a", "--info", "--area", "1,2,3"}, "--area"},
         {{"a", "--info", "--area", "1,2,1,4"}, "--area"},
