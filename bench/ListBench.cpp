@@ -5,6 +5,10 @@
 
 #include <benchmark/benchmark.h>
 
+#ifdef KOLM_BENCH_BOOST
+#include <boost/container/flat_set.hpp>
+#endif
+
 #include <algorithm>
 #include <memory>
 #include <random>
@@ -162,6 +166,21 @@ void InsertBare(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * kInserts);
 }
 
+#ifdef KOLM_BENCH_BOOST
+template <typename Number>
+void InsertBoost(benchmark::State& state)
+{
+    const std::vector<Number> numbers = RandomNumbers<Number>();
+    for (auto _ : state) {
+        boost::container::flat_multiset<Number> sorted;
+        for (Number number : numbers)
+            sorted.insert(number);
+        benchmark::DoNotOptimize(&*sorted.begin());
+    }
+    state.SetItemsProcessed(state.iterations() * kInserts);
+}
+#endif
+
 template <typename Number, class OrderedList>
 void InsertKolm(benchmark::State& state, void (*insert)(OrderedList&, const std::vector<Number>&))
 {
@@ -218,6 +237,10 @@ BENCHMARK_CAPTURE(InsertKolm, ints, AddInts)->Name("list/insert_50k_ints/kolm")-
 BENCHMARK_CAPTURE(InsertKolm, append, AppendInts)->Name("list/append_50k_ints/kolm")->Unit(benchmark::kMillisecond);
 BENCHMARK(InsertBare<double>)->Name("list/insert_50k_doubles/limit")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(InsertKolm, doubles, AddDoubles)->Name("list/insert_50k_doubles/kolm")->Unit(benchmark::kMillisecond);
+#ifdef KOLM_BENCH_BOOST
+BENCHMARK(InsertBoost<int>)->Name("list/insert_50k_ints/boost_flat_multiset")->Unit(benchmark::kMillisecond);
+BENCHMARK(InsertBoost<double>)->Name("list/insert_50k_doubles/boost_flat_multiset")->Unit(benchmark::kMillisecond);
+#endif
 
 } // namespace
 

@@ -4,29 +4,50 @@
 #include <afxtempl.h>
 
 #include <functional>
-#include <type_traits>
 
 namespace ordered {
+
+constexpr INT_PTR kBlock = 64;
+
+/// Whether an element of the block comes after the value. In forms that compilers turn into vector instructions: no
+/// early exit, and for ints a mark of their own width.
+template <class After>
+bool HasAfter(const int* block, int value, const After& after)
+{
+    int mark = 0;
+    for (INT_PTR i = 0; i < kBlock; ++i)
+        mark |= after(block[i], value) ? -1 : 0;
+    return mark != 0;
+}
+
+/// For doubles the outermost of the elements and the value is one instruction a step, which passes over NaNs like the
+/// comparison: first in each column of the block, then of the columns.
+template <class After>
+bool HasAfter(const double* block, double value, const After& after)
+{
+    constexpr INT_PTR kRows = 8, kColumns = kBlock / kRows;
+    double columns[kColumns];
+    for (INT_PTR column = 0; column < kColumns; ++column) {
+        double outermost = value;
+        for (INT_PTR row = 0; row < kRows; ++row) {
+            const double element = block[row * kColumns + column];
+            outermost = after(element, outermost) ? element : outermost;
+        }
+        columns[column] = outermost;
+    }
+    double outermost = value;
+    for (const double column : columns)
+        outermost = after(column, outermost) ? column : outermost;
+    return after(outermost, value);
+}
 
 /// The first index from `from` on whose element comes after the value in the given order; the size when none does. The
 /// elements need not be in order themselves, which rules out a binary search. Nothing comes after a NaN, nor does it.
 template <class TYPE, class After>
 INT_PTR FirstAfter(const TYPE* elements, INT_PTR from, INT_PTR size, TYPE value, const After& after)
 {
-    // Whole blocks without an early exit. The mark has the type of the elements and, for doubles, no bitwise operator:
-    // so the compiler can use vector instructions for either.
-    constexpr INT_PTR kBlock = 64;
-    for (; size - from >= kBlock; from += kBlock) {
-        TYPE mark = 0;
-        for (INT_PTR i = 0; i < kBlock; ++i) {
-            if constexpr (std::is_integral_v<TYPE>)
-                mark |= after(elements[from + i], value) ? TYPE(-1) : TYPE(0);
-            else
-                mark = after(elements[from + i], value) ? TYPE(1) : mark;
-        }
-        if (mark != 0)
-            break;
-    }
+    while (size - from >= kBlock && !HasAfter(elements + from, value, after))
+        from += kBlock;
     while (from < size && !after(elements[from], value))
         ++from;
     return from;
