@@ -19,7 +19,7 @@ Bitmap* NewBitmap(int64_t width, int64_t height, int bitsPerPixel)
     uint8_t* const memory = AllocatePixels(width, height, bitsPerPixel, surface);
     Bitmap* const bitmap = memory == nullptr ? nullptr : tables.bitmaps.Create();
     if (bitmap == nullptr) {
-        std::free(memory);
+        FreePixels(memory);
         return nullptr;
     }
     bitmap->surface = surface;

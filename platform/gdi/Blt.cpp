@@ -119,10 +119,15 @@ void CopyRows(const Surface& to, const Surface& from, const Block& block)
 {
     const int bytes = to.bitsPerPixel / 8;
     const Order order(to, &from, block);
+    const size_t rowBytes = size_t(block.width) * size_t(bytes);
+    if (to.stride == ptrdiff_t(rowBytes) && from.stride == to.stride) { // whole rows are one piece of memory
+        std::memmove(Row(to, block.y), Row(from, block.ySrc), rowBytes * size_t(block.height));
+        return;
+    }
     for (int32_t i = 0; i < block.height; ++i) {
         const int32_t row = order.Row(block, i);
         std::memmove(Row(to, block.y + row) + ptrdiff_t(block.x) * bytes,
-                     Row(from, block.ySrc + row) + ptrdiff_t(block.xSrc) * bytes, size_t(block.width) * size_t(bytes));
+                     Row(from, block.ySrc + row) + ptrdiff_t(block.xSrc) * bytes, rowBytes);
     }
 }
 

@@ -8,19 +8,6 @@
 namespace gdi {
 namespace {
 
-/// Moves the reference from the object selected so far to another; returns the former one's handle. The handle is made
-/// and the new reference taken first: the former object may go with its last reference, and may be the new one.
-template <class T>
-HGDIOBJ Exchange(T*& selected, T* next)
-{
-    T* const former = selected;
-    const HGDIOBJ handle = MakeHandle<HGDIOBJ>(*former);
-    ++next->references;
-    selected = next;
-    Release(former);
-    return handle;
-}
-
 /// Stands for the pixels of the screen and of windows that are gone.
 const Surface kNoPixels = {nullptr, 0, 0, 0, 32};
 

@@ -85,6 +85,7 @@ Rasterizer& SharedRasterizer();
 
 /// Draw one path with the selected pen or brush under the raster operation.
 void Stroke(DeviceContext& dc, const DevicePath& path);
+void StrokeSegment(DeviceContext& dc, DevicePoint from, DevicePoint to); ///< the same for a path of one line
 void FillInside(DeviceContext& dc, const DevicePath& path);
 /// The ink of the selected brush; false when it draws nothing.
 bool BrushInk(const DeviceContext& dc, Ink& ink);
@@ -92,8 +93,14 @@ bool IsHollow(const Pen& pen);
 int32_t DevicePenWidth(const DeviceContext& dc); ///< 1 is cosmetic
 
 /// End an object's life: its resources go and its handle ends.
-void FreeObject(Pen& pen);
-void FreeObject(Brush& brush);
+inline void FreeObject(Pen& pen)
+{
+    tables.pens.Free(pen);
+}
+inline void FreeObject(Brush& brush)
+{
+    tables.brushes.Free(brush);
+}
 void FreeObject(Font& font);
 void FreeObject(Bitmap& bitmap);
 void FreeObject(Palette& palette);
@@ -105,6 +112,38 @@ void Release(T* object)
     if (--object->references == 0 && object->condemned) {
         FreeObject(*object);
     }
+}
+
+/// Frees now or, when selected somewhere, with the last selection. The caller is told TRUE at once: code that deletes
+/// its pen before it selects the former one back is common, and must not leak.
+template <class T>
+BOOL Condemn(T* object)
+{
+    if (object == nullptr) {
+        return FALSE;
+    }
+    if (object->stock) {
+        return TRUE;
+    }
+    if (object->references > 0) {
+        object->condemned = true;
+        return TRUE;
+    }
+    FreeObject(*object);
+    return TRUE;
+}
+
+/// Moves the reference from the object selected so far to another; returns the former one's handle. The handle is made
+/// and the new reference taken first: the former object may go with its last reference, and may be the new one.
+template <class T>
+HGDIOBJ Exchange(T*& selected, T* next)
+{
+    T* const former = selected;
+    const HGDIOBJ handle = MakeHandle<HGDIOBJ>(*former);
+    ++next->references;
+    selected = next;
+    Release(former);
+    return handle;
 }
 
 /// Makes a device context with the defaults; null when there is no room.

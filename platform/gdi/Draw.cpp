@@ -41,6 +41,17 @@ const uint8_t* DashOf(const Pen& pen)
     }
 }
 
+/// Everything within `reach` of a segment lies beside the surface. Surfaces and half pens are smaller than 2^30, so the
+/// sums fit. Most segments of a zoomed board are outside, on any side, so that jumps could not be predicted.
+bool IsOutside(DevicePoint from, DevicePoint to, int32_t reach, const Surface& surface)
+{
+    const int32_t right = surface.width + reach, bottom = surface.height + reach;
+    const auto beyond = [](int32_t a, int32_t b, int32_t low, int32_t end) {
+        return int((a < low) & (b < low)) | int((a >= end) & (b >= end));
+    };
+    return (beyond(from.x, to.x, -reach, right) | beyond(from.y, to.y, -reach, bottom)) != 0;
+}
+
 /// Gaps of dashes and hatches show the background colour unless the mode is TRANSPARENT.
 Ink SolidInk(const DeviceContext& dc, COLORREF color)
 {
@@ -67,8 +78,22 @@ int32_t DevicePenWidth(const DeviceContext& dc)
     return scaled > 1 ? scaled : 1;
 }
 
+void StrokeSegment(DeviceContext& dc, DevicePoint from, DevicePoint to)
+{
+    const Surface& surface = *dc.surface;
+    const int32_t width = DevicePenWidth(dc);
+    if (IsOutside(from, to, width / 2, surface) || IsHollow(*dc.pen)) {
+        return;
+    }
+    SharedRasterizer().StrokeSegment(from, to, width, DashOf(*dc.pen), SolidInk(dc, dc.pen->color), surface, dc.Clip());
+}
+
 void Stroke(DeviceContext& dc, const DevicePath& path)
 {
+    if (path.IsSegment()) {
+        StrokeSegment(dc, path.From(), path.To());
+        return;
+    }
     if (IsHollow(*dc.pen)) {
         return;
     }

@@ -23,13 +23,14 @@ enum class Kind : uint8_t
 /// remembers the word it answers to, so that checking a handle is one comparison.
 struct Slot
 {
-    uint64_t handle = 0;      ///< 0 while the slot is free
-    uint32_t generation = 0;  ///< grows with every use of the slot
-    uint32_t nextFree = 0;    ///< 0 ends the list
-    uint32_t references = 0;  ///< device contexts that have the object selected
-    bool condemned = false;   ///< deleted while selected: freed with the last reference
-    bool stock = false;       ///< never freed, never counted
-    CObject* owner = nullptr; ///< the wrapper that owns the handle
+    uint64_t handle = 0;          ///< 0 while the slot is free
+    uint32_t generation = 0;      ///< grows with every use of the slot
+    uint32_t nextFree = 0;        ///< 0 ends the list
+    uint32_t references = 0;      ///< device contexts that have the object selected
+    bool condemned = false;       ///< deleted while selected: freed with the last reference
+    bool stock = false;           ///< never freed, never counted
+    CObject* owner = nullptr;     ///< the wrapper that owns the handle
+    CObject* temporary = nullptr; ///< the wrapper of handles of this slot without an owner, once it was made
 };
 
 inline uint64_t HandleBits(const void* handle)
@@ -57,13 +58,12 @@ public:
     /// The live object of a handle; null for anything else.
     T* Find(const void* handle) const
     {
+        // Drawing asks for the same one again and again. A free slot has the handle 0, which is nobody's.
         const uint64_t bits = HandleBits(handle);
-        const uint32_t slot = uint32_t(bits & 0xFFFFFF);
-        if (slot >= m_used || slot == 0) {
-            return nullptr;
+        if (m_recent != nullptr && m_recent->handle == bits && bits != 0) {
+            return m_recent;
         }
-        T& object = At(slot);
-        return object.handle == bits ? &object : nullptr;
+        return FindOther(bits);
     }
 
     /// The handle names a slot that was in use once, whatever became of it.
@@ -88,6 +88,7 @@ public:
         object.condemned = object.stock = false;
         object.owner = nullptr;
         ++m_live;
+        m_recent = &object;
         return &object;
     }
 
@@ -122,6 +123,20 @@ public:
     static uint32_t SlotOf(uint64_t handle) { return uint32_t(handle & 0xFFFFFF); }
 
 private:
+    T* FindOther(uint64_t bits) const
+    {
+        const uint32_t slot = uint32_t(bits & 0xFFFFFF);
+        if (slot >= m_used || slot == 0) {
+            return nullptr;
+        }
+        T& object = At(slot);
+        if (object.handle != bits) {
+            return nullptr;
+        }
+        m_recent = &object;
+        return &object;
+    }
+
     T& At(uint32_t slot) const { return m_chunks[slot / kChunk][slot % kChunk]; }
 
     /// Puts one more slot on the free list and returns it; 0 when there is none. Slot 0 is never given out.
@@ -142,6 +157,7 @@ private:
     }
 
     T* m_chunks[kChunks] = {};
+    mutable T* m_recent = nullptr; ///< the slot found last, whatever became of it; slots never go
     uint32_t m_used = 0;
     uint32_t m_firstFree = 0;
     uint32_t m_live = 0;

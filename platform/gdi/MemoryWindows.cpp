@@ -5,7 +5,6 @@
 #include "gdi/PixelMemory.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 
 namespace gdi {
@@ -16,7 +15,7 @@ HWND CreateMemoryWindow(int x, int y, int width, int height)
     uint8_t* const memory = AllocatePixels(width, height, 32, surface);
     Window* const window = memory == nullptr ? nullptr : tables.windows.Create();
     if (window == nullptr) {
-        std::free(memory);
+        FreePixels(memory);
         return nullptr;
     }
     window->surface = surface;
@@ -104,7 +103,7 @@ BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL)
             return FALSE;
         }
         KeepOverlap(window->surface, surface);
-        std::free(window->memory);
+        FreePixels(window->memory);
         window->memory = memory;
         window->surface = surface; // device contexts look here, so they follow
     }
@@ -122,7 +121,7 @@ BOOL DestroyWindow(HWND handle)
     // Device contexts and the clipboard first: both refer to the window, and both outlive it.
     DetachFromWindow(*window);
     CloseClipboardOf(handle);
-    std::free(window->memory);
+    FreePixels(window->memory);
     window->memory = nullptr;
     window->surface = {};
     tables.windows.Free(*window);

@@ -3,6 +3,7 @@
 #include "gdi/Colors.h"
 #include "gdi/DeviceContext.h"
 #include "gdi/fonts/ScaledFonts.h"
+#include "gdi/PixelMemory.h"
 #include "gdi/winuser.h"
 
 #include <cstdlib>
@@ -11,16 +12,6 @@
 namespace gdi {
 
 Tables tables;
-
-void FreeObject(Pen& pen)
-{
-    tables.pens.Free(pen);
-}
-
-void FreeObject(Brush& brush)
-{
-    tables.brushes.Free(brush);
-}
 
 void FreeObject(Font& font)
 {
@@ -31,7 +22,7 @@ void FreeObject(Font& font)
 
 void FreeObject(Bitmap& bitmap)
 {
-    std::free(bitmap.memory);
+    FreePixels(bitmap.memory);
     bitmap.memory = nullptr;
     bitmap.surface = {};
     tables.bitmaps.Free(bitmap);
@@ -43,25 +34,6 @@ void FreeObject(Palette& palette)
 }
 
 namespace {
-
-/// Frees now or, when selected somewhere, with the last selection. The caller is told TRUE at once: code that deletes
-/// its pen before it selects the former one back is common, and must not leak.
-template <class T>
-BOOL Condemn(T* object)
-{
-    if (object == nullptr) {
-        return FALSE;
-    }
-    if (object->stock) {
-        return TRUE;
-    }
-    if (object->references > 0) {
-        object->condemned = true;
-        return TRUE;
-    }
-    FreeObject(*object);
-    return TRUE;
-}
 
 /// Unlike pens, a selected bitmap is refused: what is drawn into it would be lost.
 BOOL DeleteBitmap(Bitmap* bitmap)

@@ -36,7 +36,7 @@ struct Font : Slot
 struct Bitmap : Slot
 {
     Surface surface = {};
-    uint8_t* memory = nullptr; ///< from calloc
+    uint8_t* memory = nullptr; ///< rows from AllocatePixels
     bool section = false;      ///< the host writes to the rows
     bool bottomUp = false;
     HDC holder = nullptr; ///< the device context that has it selected

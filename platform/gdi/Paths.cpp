@@ -233,15 +233,13 @@ BOOL LineTo(HDC handle, int x, int y)
     Trace(dc, "LineTo %d %d", x, y);
     return WithMemory([=] {
         const DevicePoint to = dc->world.ToDevice(x, y);
-        if (dc->pathState == PathState::Open) {
-            OpenFigure(*dc);
+        if (dc->pathState != PathState::Open) {
+            StrokeSegment(*dc, DevicePosition(*dc), to); // outside of a path each line is a stroke of its own
+        } else if (dc->figureOpen) {
             dc->path.LineTo(to);
         } else {
-            // Outside of a path each line is a stroke of its own; the scratch path keeps its memory from call to call.
-            dc->scratch.Clear();
-            dc->scratch.MoveTo(DevicePosition(*dc));
-            dc->scratch.LineTo(to);
-            Stroke(*dc, dc->scratch);
+            dc->path.Segment(DevicePosition(*dc), to);
+            dc->figureOpen = true;
         }
         SetPosition(*dc, {x, y});
         return TRUE;

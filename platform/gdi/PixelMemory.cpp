@@ -3,8 +3,63 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <utility>
+
+#ifdef __linux__
+#include <sys/mman.h>
+#endif
 
 namespace gdi {
+namespace {
+
+/// Stands before the rows, which begin at a cache line.
+struct Block
+{
+    void* allocation;
+    size_t bytes; ///< of the rows
+};
+constexpr size_t kAlignment = 64;
+constexpr size_t kLarge = size_t(1) << 18; // smaller blocks the allocator has at hand itself
+constexpr size_t kPage = size_t(1) << 21;  // a large page of the processor
+
+uint8_t* g_spare = nullptr;
+
+Block& BlockOf(uint8_t* rows)
+{
+    return *reinterpret_cast<Block*>(rows - sizeof(Block));
+}
+
+/// Frames lie in large pages where the system has them: a line that goes down touches a page a row, and the processor
+/// knows the places of few hundreds.
+void* ZeroedMemory(size_t bytes)
+{
+#ifdef __linux__
+    if (bytes >= kPage) {
+        const size_t whole = (bytes + kPage - 1) / kPage * kPage;
+        void* const memory = std::aligned_alloc(kPage, whole);
+        if (memory != nullptr) {
+            madvise(memory, whole, MADV_HUGEPAGE); // a wish: small pages do as well
+            std::memset(memory, 0, bytes);
+        }
+        return memory;
+    }
+#endif
+    return std::calloc(bytes, 1);
+}
+
+uint8_t* NewBlock(size_t bytes)
+{
+    void* const allocation = ZeroedMemory(bytes + kAlignment + sizeof(Block));
+    if (allocation == nullptr) {
+        return nullptr;
+    }
+    const uintptr_t first = reinterpret_cast<uintptr_t>(allocation) + sizeof(Block);
+    uint8_t* const rows = static_cast<uint8_t*>(allocation) + sizeof(Block) + (kAlignment - first % kAlignment);
+    BlockOf(rows) = {allocation, bytes};
+    return rows;
+}
+
+} // namespace
 
 uint8_t* AllocatePixels(int64_t width, int64_t height, int bitsPerPixel, Surface& surface)
 {
@@ -20,11 +75,27 @@ uint8_t* AllocatePixels(int64_t width, int64_t height, int bitsPerPixel, Surface
         return nullptr;
     }
     const size_t bytes = size_t(stride * height);
-    uint8_t* const memory = static_cast<uint8_t*>(std::calloc(bytes > 0 ? bytes : 1, 1));
+    uint8_t* memory = nullptr;
+    if (g_spare != nullptr && BlockOf(g_spare).bytes == bytes) {
+        memory = std::exchange(g_spare, nullptr);
+        std::memset(memory, 0, bytes);
+    } else {
+        memory = NewBlock(bytes);
+    }
     if (memory != nullptr) {
         surface = {memory, ptrdiff_t(stride), int32_t(width), int32_t(height), bitsPerPixel};
     }
     return memory;
+}
+
+void FreePixels(uint8_t* memory)
+{
+    if (memory != nullptr && BlockOf(memory).bytes >= kLarge) {
+        std::swap(memory, g_spare);
+    }
+    if (memory != nullptr) {
+        std::free(BlockOf(memory).allocation);
+    }
 }
 
 uint32_t ReadPixel(const Surface& surface, int32_t x, int32_t y)

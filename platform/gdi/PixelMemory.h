@@ -12,9 +12,13 @@ constexpr int64_t RowBytes(int64_t width, int bitsPerPixel)
 }
 
 /// Zeroed rows for a surface, which is filled in (top-down). Null for negative sizes, other depths than 1, 24 and 32,
-/// sides of 2^30 and longer, more than 2^31 - 1 bytes, or when memory does not suffice. The caller frees it with
-/// std::free. A surface without pixels gets a byte.
+/// sides of 2^30 and longer, more than 2^31 - 1 bytes, or when memory does not suffice. The caller gives it back with
+/// FreePixels. A surface without pixels gets memory too.
 uint8_t* AllocatePixels(int64_t width, int64_t height, int bitsPerPixel, Surface& surface);
+
+/// Gives the rows back. The last large ones stay in hand for the next surface of the same size: a frame is composed in
+/// a bitmap of its own each time, and to let the system take and clear its pages takes longer than to draw a board.
+void FreePixels(uint8_t* memory);
 
 /// One row of a surface.
 inline uint8_t* Row(const Surface& surface, int32_t y)

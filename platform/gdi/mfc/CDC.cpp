@@ -26,6 +26,21 @@ Wrapper* SelectWrapped(HDC dc, Object* DeviceContext::*selected, const CGdiObjec
     return ::SelectObject(dc, next->m_hObject) != nullptr ? static_cast<Wrapper*>(former) : nullptr;
 }
 
+/// The same for pens and brushes, which strokes and fills select one each: nothing is looked up twice.
+template <class Wrapper, class Object, Kind kind>
+Wrapper* SelectTool(HDC dc, Object* DeviceContext::*selected, const HandlePool<Object, kind>& pool,
+                    const CGdiObject* next)
+{
+    DeviceContext* const context = FindDc(dc);
+    Object* const object = next != nullptr ? pool.Find(next->m_hObject) : nullptr;
+    if (context == nullptr || object == nullptr || context->trace != nullptr) {
+        return SelectWrapped<Wrapper>(dc, selected, next);
+    }
+    CGdiObject* const former = WrapperOf(*(context->*selected));
+    Exchange(context->*selected, object);
+    return static_cast<Wrapper*>(former);
+}
+
 template <class Wrapper>
 Wrapper* CurrentWrapped(HDC dc, UINT kind)
 {
@@ -102,12 +117,12 @@ CWnd* CDC::GetWindow() const
 
 CPen* CDC::SelectObject(CPen* pen)
 {
-    return SelectWrapped<CPen>(m_hDC, &DeviceContext::pen, pen);
+    return SelectTool<CPen>(m_hDC, &DeviceContext::pen, tables.pens, pen);
 }
 
 CBrush* CDC::SelectObject(CBrush* brush)
 {
-    return SelectWrapped<CBrush>(m_hDC, &DeviceContext::brush, brush);
+    return SelectTool<CBrush>(m_hDC, &DeviceContext::brush, tables.brushes, brush);
 }
 
 CFont* CDC::SelectObject(CFont* font)

@@ -17,9 +17,10 @@ TemporaryWrappers<CPalette> g_palettes;
 /// The live object behind a handle of any kind that wrappers own.
 Slot* FindObject(HGDIOBJ object)
 {
-    switch (HandleKind(object)) {
-    case Kind::Pen:
+    if (HandleKind(object) == Kind::Pen) { // made and deleted with every stroke
         return tables.pens.Find(object);
+    }
+    switch (HandleKind(object)) {
     case Kind::Brush:
         return tables.brushes.Find(object);
     case Kind::Font:
@@ -65,14 +66,22 @@ CGdiObject* TemporaryOf(HGDIOBJ object)
 
 } // namespace
 
-CGdiObject* gdi::WrapperOf(const Slot& object)
+CGdiObject* gdi::NewTemporaryOf(Slot& object)
 {
-    return object.owner != nullptr ? static_cast<CGdiObject*>(object.owner) : TemporaryOf(MakeHandle<HGDIOBJ>(object));
+    CGdiObject* const wrapper = TemporaryOf(MakeHandle<HGDIOBJ>(object));
+    object.temporary = wrapper;
+    return wrapper;
 }
 
+// Takes effect with the last selection.
 CGdiObject::~CGdiObject()
 {
-    DeleteObject(); // takes effect with the last selection
+    if (Pen* const pen = tables.pens.Find(m_hObject)) {
+        pen->owner = pen->owner == this ? nullptr : pen->owner;
+        Condemn(pen);
+        return;
+    }
+    DeleteObject();
 }
 
 BOOL CGdiObject::Attach(HGDIOBJ object)
@@ -112,7 +121,7 @@ BOOL CGdiObject::CreateStockObject(int index)
 
 CGdiObject* CGdiObject::FromHandle(HGDIOBJ object)
 {
-    const Slot* const slot = FindObject(object);
+    Slot* const slot = FindObject(object);
     return slot != nullptr ? WrapperOf(*slot) : TemporaryOf(object);
 }
 

@@ -1,18 +1,31 @@
 /// Wrappers for handles that no object owns.
 #pragma once
 
+#include "gdi/HandleTable.h"
+#include "gdi/mfc/gdiobjects.h"
+
 #include <cstdint>
 #include <map>
 #include <new>
 
-class CGdiObject;
-
 namespace gdi {
 
-struct Slot;
+/// Makes the temporary wrapper of a live object's slot; null when memory ran out.
+CGdiObject* NewTemporaryOf(Slot& object);
 
 /// What FromHandle gives for a live object: its owner or else the temporary wrapper of its slot.
-CGdiObject* WrapperOf(const Slot& object);
+inline CGdiObject* WrapperOf(Slot& object)
+{
+    if (object.owner != nullptr) {
+        return static_cast<CGdiObject*>(object.owner);
+    }
+    CGdiObject* const wrapper = static_cast<CGdiObject*>(object.temporary);
+    if (wrapper == nullptr) {
+        return NewTemporaryOf(object);
+    }
+    wrapper->m_hObject = MakeHandle<HGDIOBJ>(object);
+    return wrapper;
+}
 
 /// At most one wrapper for each slot of a handle table, made on first use and reused ever after. Lookups of the slot
 /// asked for last cost a comparison: drawing code asks for the same stock object again and again.

@@ -46,7 +46,8 @@ public:
     }
 
     /// Draws the steps [first, end), all of which are visible. They are the same pixels whatever the clip was.
-    void Draw(int64_t first, int64_t end, PixelWriter& writer) const
+    template <class Writer>
+    void Draw(int64_t first, int64_t end, Writer&& writer) const
     {
         if (first >= end)
             return;

@@ -17,12 +17,23 @@ void Include(Box& bounds, DevicePoint point)
 
 } // namespace
 
+void DevicePath::AddSegment() const
+{
+    m_verbs.reserve(2); // both or none when memory runs out
+    m_points.reserve(2);
+    m_isSegment = false;
+    m_verbs.push_back(Verb::Move);
+    m_verbs.push_back(Verb::Line);
+    m_points.push_back(m_from);
+    m_points.push_back(m_to);
+}
+
 Box DevicePath::Bounds() const
 {
     constexpr int32_t kLow = std::numeric_limits<int32_t>::min();
     constexpr int32_t kHigh = std::numeric_limits<int32_t>::max();
     Box bounds = {kHigh, kHigh, kLow, kLow};
-    for (const DevicePoint point : m_points)
+    for (const DevicePoint point : Points())
         Include(bounds, point);
     for (const EllipseArc& arc : m_arcs) {
         Include(bounds, arc.start);

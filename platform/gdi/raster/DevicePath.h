@@ -40,22 +40,55 @@ public:
 
     void Clear()
     {
-        m_verbs.clear();
-        m_points.clear();
-        m_arcs.clear();
+        m_isSegment = false;
+        if (!m_verbs.empty()) {
+            m_verbs.clear();
+            m_points.clear();
+            m_arcs.clear();
+        }
     }
     void MoveTo(DevicePoint point) { Add(Verb::Move, point); }
     void LineTo(DevicePoint point) { Add(Verb::Line, point); }
+    /// MoveTo and LineTo in one. As a path's beginning it costs next to nothing.
+    void Segment(DevicePoint from, DevicePoint to)
+    {
+        if (m_verbs.empty() && !m_isSegment) {
+            m_isSegment = true;
+            m_from = from;
+            m_to = to;
+            return;
+        }
+        MoveTo(from);
+        LineTo(to);
+    }
     void ArcTo(const EllipseArc& arc)
     {
+        SpellOut();
         m_verbs.push_back(Verb::Arc);
         m_arcs.push_back(arc);
     }
-    void Close() { m_verbs.push_back(Verb::Close); }
+    void Close()
+    {
+        SpellOut();
+        m_verbs.push_back(Verb::Close);
+    }
 
-    bool IsEmpty() const { return m_verbs.empty(); }
-    const std::vector<Verb>& Verbs() const { return m_verbs; }
-    const std::vector<DevicePoint>& Points() const { return m_points; }
+    /// The path is what one call of Segment() left: a line from From() to To() and nothing else.
+    bool IsSegment() const { return m_isSegment; }
+    DevicePoint From() const { return m_from; }
+    DevicePoint To() const { return m_to; }
+
+    bool IsEmpty() const { return m_verbs.empty() && !m_isSegment; }
+    const std::vector<Verb>& Verbs() const
+    {
+        SpellOut();
+        return m_verbs;
+    }
+    const std::vector<DevicePoint>& Points() const
+    {
+        SpellOut();
+        return m_points;
+    }
     const std::vector<EllipseArc>& Arcs() const { return m_arcs; }
     /// Closed bounds of all points and ellipses: right and bottom inside. Left is above right while there are none.
     /// Worked out when asked for: a path of one segment has hardly any.
@@ -68,12 +101,24 @@ private:
         // stores of a coordinate each, it would have to wait for every pixel on its way to the cache.
         DevicePoint whole;
         std::memcpy(&whole, &point, sizeof whole);
+        SpellOut();
         m_verbs.push_back(verb);
         m_points.push_back(whole);
     }
 
-    std::vector<Verb> m_verbs;
-    std::vector<DevicePoint> m_points;
+    void SpellOut() const
+    {
+        if (m_isSegment)
+            AddSegment();
+    }
+    void AddSegment() const;
+
+    // A path of one segment, which most are, stays out of the vectors until someone asks for them.
+    mutable bool m_isSegment = false;
+    DevicePoint m_from = {};
+    DevicePoint m_to = {};
+    mutable std::vector<Verb> m_verbs;
+    mutable std::vector<DevicePoint> m_points;
     std::vector<EllipseArc> m_arcs;
 };
 

@@ -111,6 +111,10 @@ private:
     Format m_format;
 };
 
+/// The form of a solid ink that stores into a surface of 32 bits: the usual case, which needs no writer to be made.
+/// False for every other ink and surface.
+bool AsStoreFormat(const Ink& ink, const Surface& surface, StoreFormat& format);
+
 /// Makes the writer for an ink and holds it. `Get()` is null when nothing can change: no pixels, an unknown form or
 /// operation, or the operation that leaves everything alone. Does not own the surface; lives as long as one stroke.
 class InkWriter

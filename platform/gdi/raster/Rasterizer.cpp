@@ -9,6 +9,7 @@
 #include "gdi/raster/PolygonFill.h"
 #include "gdi/raster/RasterMath.h"
 #include "gdi/raster/RingSector.h"
+#include "gdi/raster/SolidFormats.h"
 
 namespace gdi {
 
@@ -19,6 +20,7 @@ struct Rasterizer::Scratch
     OnceWriter once;
     std::vector<Span> spans;         // rows of one capsule
     std::vector<DevicePoint> points; // of a flattened arc
+    DevicePath segment;              // a single dashed line
 
     void Capsule(DevicePoint from, DevicePoint to, int32_t width, const Box& clip, PixelWriter& writer)
     {
@@ -57,13 +59,8 @@ Box VisibleBox(const Box& bounds, int32_t margin, const Surface& surface, const 
                          SaturateToInt32(int64_t(bounds.bottom) + margin + 1)});
 }
 
-bool IsSegment(const DevicePath& path)
-{
-    const auto& verbs = path.Verbs();
-    return verbs.size() == 2 && verbs[0] == DevicePath::Verb::Move && verbs[1] == DevicePath::Verb::Line;
-}
-
-void DrawCosmeticLine(DevicePoint from, DevicePoint to, const Box& clip, PixelWriter& writer)
+template <class Writer>
+void DrawCosmeticLine(DevicePoint from, DevicePoint to, const Box& clip, Writer&& writer)
 {
     const CosmeticLine line(from, to);
     int64_t first;
@@ -89,10 +86,6 @@ void Rasterizer::StrokeCosmetic(const DevicePath& path, const uint8_t* dash, con
     if (!writer)
         return;
     const bool dashed = dash && *dash;
-    if (IsSegment(path) && !dashed) {
-        DrawCosmeticLine(path.Points()[0], path.Points()[1], visible, *writer);
-        return;
-    }
     if (dashed) {
         DashedStroke(dash, ink, surface, visible, m_scratch->once).Draw(path, m_scratch->points);
         return;
@@ -133,14 +126,37 @@ void Rasterizer::StrokeWide(const DevicePath& path, int32_t width, const Ink& in
     if (!writer)
         return;
     m_scratch->MakeRoom(visible);
-    if (IsSegment(path)) {
-        m_scratch->Capsule(path.Points()[0], path.Points()[1], width, visible, *writer);
-        return;
-    }
     writer = m_scratch->WriterFor(path, visible, inkWriter);
     ForEachPiece(
         path, [] {}, [&](DevicePoint from, DevicePoint to) { m_scratch->Capsule(from, to, width, visible, *writer); },
         [&](const EllipseArc& arc) { m_scratch->WideArc(arc, width, visible, *writer); });
+}
+
+void Rasterizer::StrokeSegment(DevicePoint from, DevicePoint to, int32_t width, const uint8_t* dash, const Ink& ink,
+                               const Surface& surface, const Box& clip)
+{
+    const Box visible = Intersection(clip, {0, 0, surface.width, surface.height});
+    if (width < 2 && dash && *dash) {
+        m_scratch->segment.Clear();
+        m_scratch->segment.Segment(from, to);
+        StrokeCosmetic(m_scratch->segment, dash, ink, surface, visible);
+        return;
+    }
+    StoreFormat format;
+    if (width < 2 && AsStoreFormat(ink, surface, format)) {
+        DrawCosmeticLine(from, to, visible, SolidSink<StoreFormat>(format));
+        return;
+    }
+    InkWriter inkWriter(ink, surface);
+    PixelWriter* const writer = inkWriter.Get();
+    if (!writer || IsEmpty(visible))
+        return;
+    if (width < 2) {
+        DrawCosmeticLine(from, to, visible, *writer);
+        return;
+    }
+    m_scratch->MakeRoom(visible);
+    m_scratch->Capsule(from, to, width, visible, *writer);
 }
 
 void Rasterizer::Fill(const DevicePath& path, FillRule rule, const Ink& ink, const Surface& surface, const Box& clip)

@@ -42,6 +42,10 @@ public:
     /// cosmetic.
     void StrokeWide(const DevicePath& path, int32_t width, const Ink& ink, const Surface& surface, const Box& clip);
 
+    /// Either of them for a path of one line.
+    void StrokeSegment(DevicePoint from, DevicePoint to, int32_t width, const uint8_t* dash, const Ink& ink,
+                       const Surface& surface, const Box& clip);
+
     /// Inside of the path; open figures are closed for filling.
     void Fill(const DevicePath& path, FillRule rule, const Ink& ink, const Surface& surface, const Box& clip);
 
