@@ -99,13 +99,15 @@ void BoardWindow::MakeStatusBar()
     pickText = new QLabel;
     progress = new QProgressBar;
     // Wide enough for what they usually say, so that the line does not jump while the cursor moves.
-    cursorText->setMinimumWidth(fontMetrics().horizontalAdvance("x -0000.000 y -0000.000 mm "));
-    scaleText->setMinimumWidth(fontMetrics().horizontalAdvance("scale 00000 % "));
+    cursorText->setMinimumWidth(fontMetrics().horizontalAdvance("-0000.0000, -0000.0000 mm    "));
+    scaleText->setMinimumWidth(fontMetrics().horizontalAdvance("scale 00000 %    "));
     progress->setMaximumWidth(180);
     progress->setMaximumHeight(fontMetrics().height() + 2);
     progress->hide();
-    for (QLabel* label : {cursorText, scaleText, pickText})
+    for (QLabel* label : {cursorText, scaleText, pickText}) {
         label->setTextFormat(Qt::PlainText);
+        label->setContentsMargins(8, 2, 8, 2);
+    }
     pickText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long net name must not widen the window
     statusBar()->addWidget(cursorText);
     statusBar()->addWidget(scaleText);

@@ -112,8 +112,9 @@ void BoardWindow::MakeViewMenu()
     connect(light, &QAction::toggled, this, [this](bool on) { SetLightScheme(on); });
     light->setChecked(QSettings().value("lightScheme").toBool());
     menu->addSeparator();
-    menu->addAction(layerDock->toggleViewAction());
-    menu->addAction(findDock->toggleViewAction());
+    layerDock->toggleViewAction()->setText("Layer l&ist");
+    findDock->toggleViewAction()->setText("Fin&d panel");
+    menu->addActions({layerDock->toggleViewAction(), findDock->toggleViewAction()});
 
     contextMenu = new QMenu(this);
     contextMenu->addActions({fit, backAction});

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -23,8 +24,19 @@ bool IsSet(const char* variable)
     return value && *value;
 }
 
-/// Connects and leaves. What the toolkit would say about a failure goes nowhere, and no core file is written.
-[[noreturn]] void TryInChild(int argc, char** argv)
+/// Reads one byte; false at the end of the link.
+bool ReadByte(int link)
+{
+    char byte = 0;
+    ssize_t got = 0;
+    do {
+        got = read(link, &byte, 1);
+    } while (got < 0 && errno == EINTR);
+    return got == 1;
+}
+
+/// Connects, says so, and waits. What the toolkit would say about a failure goes nowhere, and no core file is written.
+[[noreturn]] void ConnectInChild(int link, int argc, char** argv)
 {
     const int nowhere = open("/dev/null", O_WRONLY);
     dup2(nowhere, STDERR_FILENO);
@@ -33,26 +45,39 @@ bool IsSet(const char* variable)
     std::signal(SIGABRT, SIG_DFL);
     alarm(kSecondsToAnswer);
     const QApplication application(argc, argv);
+    alarm(0);
+    if (write(link, "", 1) == 1)
+        ReadByte(link);
     _exit(EXIT_SUCCESS); // nothing of the parent's is torn down
 }
 
 } // namespace
 
-bool HasDisplay(int argc, char** argv)
+DisplayProbe::DisplayProbe(int argc, char** argv)
 {
     if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("QT_QPA_PLATFORM"))
-        return false;
+        return;
 
+    int ends[2] = {-1, -1};
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
+        return;
     std::fflush(nullptr); // or the child would write it again
-    const pid_t child = fork();
-    if (child < 0)
-        return true; // the toolkit will tell
-    if (child == 0)
-        TryInChild(argc, argv);
-    int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    child = fork();
+    if (child == 0) {
+        close(ends[0]);
+        ConnectInChild(ends[1], argc, argv);
     }
-    return WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
+    close(ends[1]);
+    link = ends[0];
+    hasDisplay = child > 0 && ReadByte(link);
+}
+
+DisplayProbe::~DisplayProbe()
+{
+    if (link >= 0)
+        close(link);
+    while (child > 0 && waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+    }
 }
 
 } // namespace viewer
