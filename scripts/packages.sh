@@ -8,7 +8,8 @@ libcurl4-openssl-dev ca-certificates fonts-dejavu-core qt6-base-dev"
 peer_packages="libagg-dev libboost-dev libboost-serialization-dev libcairo2-dev libcereal-dev libcgal-dev libgeos-dev \
 libpcre2-dev libre2-dev"
 # On top of those: the test framework, the benchmark framework with its peers, and fourteen real boards.
-test_packages="doxygen make dpkg-dev file libgtest-dev libbenchmark-dev kicad-demos $peer_packages"
+test_packages="doxygen make dpkg-dev file libgtest-dev libbenchmark-dev kicad-demos $peer_packages \
+xvfb xdotool xclip imagemagick"
 
 need_packages() {
     local missing=() package
