@@ -5,5 +5,5 @@
 
 // Exported as their declarations in the header say. Here the classes of the elements are known, which the Delete
 // operations need.
-template class CExPtrArray<CRectD*, CRectD*>;
-template class CExPtrArray<CArrayPointD*, CArrayPointD*>;
+template class KOLM_DEFINED_TEMPLATE CExPtrArray<CRectD*, CRectD*>;
+template class KOLM_DEFINED_TEMPLATE CExPtrArray<CArrayPointD*, CArrayPointD*>;

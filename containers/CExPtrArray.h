@@ -208,5 +208,5 @@ bool CExPtrArray<TYPE, ARG_TYPE>::DeleteLastElement()
 }
 
 /// Compiled into the library, which exports them; a list of another class is compiled where it is used.
-extern template class KOLM_API CExPtrArray<CRectD*, CRectD*>;
-extern template class KOLM_API CExPtrArray<CArrayPointD*, CArrayPointD*>;
+extern template class KOLM_DECLARED_TEMPLATE CExPtrArray<CRectD*, CRectD*>;
+extern template class KOLM_DECLARED_TEMPLATE CExPtrArray<CArrayPointD*, CArrayPointD*>;

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-template class CKArray<CKPointF*, CKPointF*>;
+template class KOLM_DEFINED_TEMPLATE CKArray<CKPointF*, CKPointF*>;
 
 /// One segment of the ring, widened to double.
 struct CKPointFArray::Segment

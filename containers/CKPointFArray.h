@@ -6,7 +6,7 @@
 #include "foundation/CKPointF.h"
 
 /// Compiled into the library, which exports it.
-extern template class KOLM_API CKArray<CKPointF*, CKPointF*>;
+extern template class KOLM_DECLARED_TEMPLATE CKArray<CKPointF*, CKPointF*>;
 
 /// A polyline of points in single precision, in logical millimetres with y upward, that owns its points: whatever is
 /// added belongs to it. Segment i runs from point i to point GetNextIndex(i), so tests of segments see a closed ring,

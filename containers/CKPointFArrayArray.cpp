@@ -1,6 +1,6 @@
 #include "containers/CKPointFArrayArray.h"
 
-template class CKArray<CKPointFArray*, CKPointFArray*>;
+template class KOLM_DEFINED_TEMPLATE CKArray<CKPointFArray*, CKPointFArray*>;
 
 CKPointFArrayArray::CKPointFArrayArray() = default;
 

@@ -1,10 +1,10 @@
 #include "foundation/CJpeg.h"
 
-#include <jpegfile.h>
+#include "jpeg/jpegfile.h"
 
 CJpeg::~CJpeg() = default;
 
-// The shared types know how files are named, the platform layer how pictures are coded.
+// The shared types know how files are named, the folder below how pictures are coded.
 int CJpeg::ConvertBMPToJPG(const char* bitmapFile, const char* jpegFile)
 {
     if (!bitmapFile || !jpegFile)

@@ -1,6 +1,6 @@
 #include "interaction/CKPcbElementInfoArray.h"
 
-template class CKArray<CKPcbElementInfo*, CKPcbElementInfo*>;
+template class KOLM_DEFINED_TEMPLATE CKArray<CKPcbElementInfo*, CKPcbElementInfo*>;
 
 CKPcbElementInfoArray::CKPcbElementInfoArray() = default;
 

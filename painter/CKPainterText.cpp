@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr float kPiF = 3.1415927f;
-
 constexpr int kSmallestText = 3;     // pixels; below that nothing can be read
 constexpr double kAnchorShift = 0.8; // of the height: from the anchor down to the bottom of the text box
 constexpr UINT kAlignment = TA_BOTTOM | TA_CENTER;

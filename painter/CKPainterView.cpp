@@ -19,8 +19,6 @@ constexpr double kEmptyCenter = 0x1.fffffffffffffp+1023;
 constexpr double kSmallestScale = 0.001;
 constexpr double kSmallestFineScale = 1e-06;
 
-constexpr float kPiF = 3.1415927f;
-
 /// The difference of two pixel positions; it can need one bit more than they have.
 double PixelDifference(int a, int b)
 {

@@ -1,10 +1,12 @@
 #pragma once
 
 // For the painter's own sources: the two conversions that every point passes through, and the only places where logical
-// values become pixels.
+// values become pixels. And pi as degrees are converted with it, in float arithmetic.
 
 #include "foundation/Saturate.h"
 #include "painter/CKPainter.h"
+
+constexpr float kPiF = 3.1415927f;
 
 /// World-transform pixels: rounded half up toward zero, so -2.6 and -3.4 both become -2 at one pixel per mm.
 inline int CKPainter::T(double value) const

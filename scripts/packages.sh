@@ -7,9 +7,10 @@ libcurl4-openssl-dev ca-certificates fonts-dejavu-core qt6-base-dev"
 # What the benchmarks compare with; each of them may be missing.
 peer_packages="libagg-dev libboost-dev libboost-serialization-dev libcairo2-dev libcereal-dev libcgal-dev libgeos-dev \
 libpcre2-dev libre2-dev"
-# On top of those: the test framework, the benchmark framework with its peers, and fourteen real boards.
-test_packages="doxygen make dpkg-dev file libgtest-dev libbenchmark-dev kicad-demos $peer_packages \
-xvfb xdotool xclip imagemagick"
+# On top of those: what the tests of documents, packages, the window and the Windows build need, the test framework, the
+# benchmark framework with its peers, and fourteen real boards.
+test_packages="doxygen make dpkg-dev file g++-mingw-w64-x86-64-posix libgtest-dev libbenchmark-dev kicad-demos \
+$peer_packages xvfb xdotool xclip imagemagick"
 
 need_packages() {
     local missing=() package

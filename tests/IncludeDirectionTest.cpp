@@ -15,6 +15,7 @@ namespace fs = std::filesystem;
 
 /// Folders whose headers a header of this folder may include, itself always among them.
 const std::map<std::string, std::set<std::string>> kMayInclude = {
+    {"jpeg", {}},
     {"foundation", {}},
     {"containers", {"foundation"}},
     {"math", {"foundation"}},

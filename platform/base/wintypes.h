@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 // Calling conventions mean nothing outside the platform; the words stand where its sources expect them.
 #define APIENTRY
@@ -20,19 +21,19 @@
 #define TRUE 1
 #endif
 
-// Integers and the floating-point type, by width.
+// Integers and the floating-point type, by width. What the platform calls long is long itself where that has 32 bits.
 using BOOL = int32_t; // any value but 0 is true; calls answer 1
 using BYTE = uint8_t;
 using CHAR = char;
-using DWORD = uint32_t;
+using DWORD = std::conditional_t<sizeof(long) == 4, unsigned long, uint32_t>;
 using FLOAT = float;
 using INT = int32_t;
-using LONG = int32_t;
+using LONG = std::conditional_t<sizeof(long) == 4, long, int32_t>;
 using LONGLONG = long long; // not int64_t, which is plain long on some systems: printf and overloads tell them apart
 using SHORT = int16_t;
 using UCHAR = unsigned char;
 using UINT = uint32_t;
-using ULONG = uint32_t;
+using ULONG = DWORD;
 using ULONGLONG = unsigned long long;
 using USHORT = uint16_t;
 using WORD = uint16_t;

@@ -1,5 +1,5 @@
 /// Bitmap files on their way to JPEG files, good ones and broken ones.
-#include <jpegfile.h>
+#include "jpeg/jpegfile.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,14 @@
 /// Writing JPEG files through libjpeg.
-#include "jpegfile.h"
+#include "jpeg/jpegfile.h"
 
 #include "jpeg/BmpFile.h"
 
 #include <csetjmp>
 #include <cstdio>
+#include <filesystem>
 #include <new>
 #include <string>
+#include <system_error>
 #include <vector>
 
 // After <cstdio>: its declarations need FILE.
@@ -83,8 +85,12 @@ bool WriteThrough(jpeg::BmpFile& bitmap, const std::string& path)
     }
     const bool encoded = Encode(bitmap, file, row.data());
     const bool closed = std::fclose(file) == 0;
-    if (encoded && closed && std::rename(unfinished.c_str(), path.c_str()) == 0) {
-        return true;
+    std::error_code failed; // a plain rename() does not replace a file on every system
+    if (encoded && closed) {
+        std::filesystem::rename(unfinished, path, failed);
+        if (!failed) {
+            return true;
+        }
     }
     std::remove(unfinished.c_str());
     return false;
