@@ -262,7 +262,8 @@ std::vector<ShownLayer> BoardView::LayersToDraw() const
 
 void BoardView::ToggleLayer(int number)
 {
-    SetLayerVisible(number - 1, !layers.At(number - 1).visible);
+    if (number >= 1)
+        SetLayerVisible(number - 1, !layers.At(number - 1).visible);
 }
 
 void BoardView::SetLayerVisible(int row, bool visible)
