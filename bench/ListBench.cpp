@@ -45,18 +45,18 @@ struct Workload
 /// Addresses in open addressing, no more than the loops below need, in memory that is there already.
 struct BareTable
 {
-    BareTable() { std::fill(std::begin(slots), std::end(slots), nullptr); }
+    BareTable() { std::fill(std::begin(slots), std::end(slots), 0); }
     /// The slot of the address, or the empty one for it.
-    CRectD*& operator[](CRectD* p)
+    uintptr_t& operator[](CRectD* p)
     {
         const uintptr_t key = reinterpret_cast<uintptr_t>(p);
-        size_t slot = (key * 0x9E3779B97F4A7C15u >> 32) & mask;
-        while (slots[slot] && slots[slot] != p)
+        size_t slot = ((key ^ key >> 15) * 0x9E3779B97F4A7C15u) >> 49;
+        while (std::min(slots[slot], slots[slot] ^ key) != 0) // neither empty nor the address, in one branch
             slot = (slot + 1) & mask;
         return slots[slot];
     }
     static constexpr size_t mask = 32767;
-    static inline CRectD* slots[mask + 1];
+    static inline uintptr_t slots[mask + 1];
 };
 
 void DistinctBare(Pointers& pointers, const Pointers&)
@@ -64,10 +64,10 @@ void DistinctBare(Pointers& pointers, const Pointers&)
     BareTable table;
     size_t kept = 0;
     for (CRectD* p : pointers) {
-        CRectD*& slot = table[p];
+        uintptr_t& slot = table[p];
         pointers[kept] = p;
         kept += slot ? 0 : 1;
-        slot = p;
+        slot = reinterpret_cast<uintptr_t>(p);
     }
     pointers.resize(kept);
 }
@@ -84,7 +84,7 @@ void SubtractBare(Pointers& pointers, const Pointers& subtracted)
 {
     BareTable table;
     for (CRectD* p : subtracted)
-        table[p] = p;
+        table[p] = reinterpret_cast<uintptr_t>(p);
     size_t kept = 0;
     for (CRectD* p : pointers) {
         pointers[kept] = p;

@@ -122,9 +122,9 @@ void CExPtrArray<TYPE, ARG_TYPE>::Subtract(const CArray<TYPE, ARG_TYPE>& other)
     for (INT_PTR i = 0; i < other.GetSize(); ++i)
         ++counts.InsertedCount(KeyOf(other.GetData()[i]));
     lists::RemoveIf(*this, [&counts](TYPE p) {
-        INT_PTR& count = counts.Count(KeyOf(p));
+        uint32_t& count = counts.Count(KeyOf(p));
         const bool goes = count > 0;
-        count -= INT_PTR(goes);
+        count -= uint32_t(goes);
         return goes;
     });
 }

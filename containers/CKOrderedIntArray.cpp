@@ -100,12 +100,12 @@ int CKOrderedIntArray::IsContainAll(CKOrderedIntArray* other)
     KeyCounts wanted(other->GetSize());
     INT_PTR missing = 0;
     for (INT_PTR i = 0; i < other->GetSize(); ++i) {
-        INT_PTR& count = wanted.InsertedCount(KeyOf(other->GetData()[i]));
+        uint32_t& count = wanted.InsertedCount(KeyOf(other->GetData()[i]));
         missing += 1 - count;
         count = 1;
     }
     for (INT_PTR i = 0; i < GetSize() && missing > 0; ++i) {
-        INT_PTR& count = wanted.Count(KeyOf(GetData()[i]));
+        uint32_t& count = wanted.Count(KeyOf(GetData()[i]));
         missing -= count;
         count = 0;
     }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <new>
 #include <type_traits>
 #include <utility>
@@ -183,8 +184,8 @@ void CArray<TYPE, ARG_TYPE>::SetSize(INT_PTR newSize, INT_PTR growBy)
     if (newSize == 0)
         FreeExtra(); // many lists of a board are emptied and never filled again
     Reserve(newSize);
-    for (; m_size < newSize; ++m_size)
-        new (m_data + m_size) TYPE();
+    std::uninitialized_value_construct(m_data + m_size, m_data + newSize);
+    m_size = newSize;
 }
 
 template <class TYPE, class ARG_TYPE>
