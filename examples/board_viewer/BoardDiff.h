@@ -38,7 +38,7 @@ struct BoardDifference
 };
 
 /// Compares elements of boards with their nets. Where one of the two is an archive, the shapes of both are compared,
-/// without nets and holes' kinds, which archives do not hold. Nothing refers to the files afterwards.
+/// without nets, which archives do not hold. Nothing refers to the files afterwards.
 BoardDifference CompareBoards(const BoardFile& older, const BoardFile& newer);
 
 /// A line for each layer that differs, from the top layer down: its name, the number of elements that only the old and
