@@ -1,189 +1,389 @@
-/// A million lines through an archive in memory, beside the least work that moves the same bytes: the same numbers
-/// written and read with memcpy, and for loading one allocation a shape.
-#include "kolm.h"
+/// A million lines through an archive, in memory and in a file, beside serialization libraries and beside the least
+/// work that moves the same bytes: the same numbers written and read with memcpy, and for loading one allocation a
+/// shape.
+///
+/// Every row stores and loads the same fields in the same order. Storing has to give the limit's bytes (the libraries:
+/// at least as many, they add their own), loading the sum of all numbers.
+#include "ArchiveWorkload.h"
 
 #include <benchmark/benchmark.h>
+#include <fcntl.h>
 #include <malloc.h>
+#include <unistd.h>
 
-#include <cstring>
-#include <memory>
-#include <random>
-#include <vector>
+#ifdef KOLM_BENCH_SERIALIZATION
+#include <boost/archive/binary_iarchive.hpp>
+#include <boost/archive/binary_oarchive.hpp>
+#endif
+#ifdef KOLM_BENCH_CEREAL
+#include <cereal/archives/binary.hpp>
+#endif
+
+#include <cstdio>
+#include <sstream>
 
 namespace {
 
-constexpr int kLines = 1000000;
-constexpr size_t kElementBytes = 104; // type code and record of a line
-constexpr size_t kRecordBytes = 8 + size_t(kLines) * kElementBytes;
+using namespace bench;
 
-void FillWithLines(CKGeomContainer& container)
+// ---- By hand
+
+/// Fills a block of `room` bytes over and over; `flush` takes what is in it.
+template <typename Flush>
+void StoreBare(BYTE* block, size_t room, const Flush& flush)
 {
-    std::mt19937 random(7);
-    const auto coordinate = [&random] { return int(random() % 2000000) * 1e-4; };
-    for (int i = 0; i < kLines; ++i) {
-        const double x1 = coordinate(), y1 = coordinate(), x2 = coordinate(), y2 = coordinate();
-        container.Add(new CKGeomLine(x1, y1, x2, y2, 0.25));
+    BYTE* at = block;
+    Put(at, int32_t(1)), Put(at, int32_t(kLines));
+    for (const auto& line : TheDrawing().lines) {
+        if (size_t(block + room - at) < kElementBytes) {
+            flush(block, size_t(at - block));
+            at = block;
+        }
+        EachField(*line, [&at](auto value) { Put(at, value); });
+    }
+    flush(block, size_t(at - block));
+}
+
+void LoadBare(BareLines& lines, const BYTE* at, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        lines.emplace_back(new BareLine);
+        EachField(*lines.back(), [&at](auto& value) { Get(at, value); });
     }
 }
 
-void StoreInto(CMemFile& file, CKGeomContainer& container)
-{
-    CArchive archive(&file, CArchive::store);
-    container.Serialize(archive);
-    archive.Close();
-}
+constexpr size_t kBlock = 630 * kElementBytes; // about the archive's buffer
 
-/// The bytes of the record, taken from a store.
-std::vector<BYTE> RecordOf(CKGeomContainer& container)
+struct Limit
 {
-    CMemFile file;
-    StoreInto(file, container);
-    std::vector<BYTE> bytes(size_t(file.GetLength()));
-    file.SeekToBegin();
-    file.Read(bytes.data(), UINT(bytes.size()));
-    return bytes;
-}
-
-void StoreKolm(benchmark::State& state)
-{
-    CKGeomContainer container;
-    FillWithLines(container);
-    for (auto _ : state) {
-        CMemFile file;
-        StoreInto(file, container);
-        if (file.GetLength() != kRecordBytes)
-            state.SkipWithError("wrong number of bytes");
+    static std::unique_ptr<BYTE[]> Store()
+    {
+        std::unique_ptr<BYTE[]> bytes(new BYTE[kRecordBytes]);
+        StoreBare(bytes.get(), kRecordBytes, [](const BYTE*, size_t) {});
+        return bytes;
     }
-    state.SetItemsProcessed(state.iterations() * kLines);
-    state.SetBytesProcessed(state.iterations() * int64_t(kRecordBytes));
-}
-
-/// What a loaded line has to hold, and no more.
-struct BareLine
-{
-    double offsetX, offsetY, minMax[4], startX, startY, endX, endY, thickness;
+    static bool IsSame(const std::unique_ptr<BYTE[]>& bytes)
+    {
+        return std::memcmp(bytes.get(), TheBytes().data(), kRecordBytes) == 0;
+    }
+    static BareLines Load(const std::vector<BYTE>& bytes)
+    {
+        BareLines lines;
+        LoadBare(lines, bytes.data() + 8, kLines);
+        return lines;
+    }
+    static void StoreFile()
+    {
+        const int file = ::open(ThePath().c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        std::vector<BYTE> block(kBlock);
+        StoreBare(block.data(), kBlock, [file](const BYTE* bytes, size_t count) {
+            if (::write(file, bytes, count) != ssize_t(count))
+                std::abort();
+        });
+        ::close(file);
+    }
+    static BareLines LoadFile()
+    {
+        BareLines lines;
+        const int file = ::open(ThePath().c_str(), O_RDONLY);
+        std::vector<BYTE> block(kBlock);
+        if (::read(file, block.data(), 8) != 8)
+            std::abort();
+        for (ssize_t got; (got = ::read(file, block.data(), kBlock)) > 0;)
+            LoadBare(lines, block.data(), int(size_t(got) / kElementBytes));
+        ::close(file);
+        return lines;
+    }
 };
 
-std::vector<std::unique_ptr<BareLine>> BareLines(const CKGeomContainer& container)
+double SumOf(const BareLines& lines)
 {
-    std::vector<std::unique_ptr<BareLine>> lines;
-    for (int i = 0; i < container.GetCount(); ++i) {
-        auto* line = static_cast<CKGeomLine*>(container.GetAt(i));
-        lines.emplace_back(new BareLine{
-            0, 0, {}, line->GetStartX(), line->GetStartY(), line->GetEndX(), line->GetEndY(), line->GetThickness()});
+    double sum = 0;
+    for (const auto& line : lines)
+        sum += line->startX + line->startY + line->endX + line->endY + line->thickness;
+    return sum;
+}
+
+// ---- Kolm
+
+using Shapes = std::unique_ptr<CKGeomContainer>;
+
+struct Kolm
+{
+    static void StoreInto(CFile& file)
+    {
+        CArchive archive(&file, CArchive::store);
+        TheDrawing().shapes.Serialize(archive);
+        archive.Close();
     }
-    return lines;
+    static Shapes LoadFrom(CFile& file)
+    {
+        auto shapes = std::make_unique<CKGeomContainer>();
+        CArchive archive(&file, CArchive::load);
+        shapes->Serialize(archive);
+        return shapes;
+    }
+    static std::unique_ptr<CMemFile> Store()
+    {
+        auto file = std::make_unique<CMemFile>();
+        StoreInto(*file);
+        return file;
+    }
+    static bool IsSame(const std::unique_ptr<CMemFile>& file)
+    {
+        std::vector<BYTE> bytes(size_t(file->GetLength()));
+        file->SeekToBegin();
+        file->Read(bytes.data(), UINT(bytes.size()));
+        return bytes == TheBytes();
+    }
+    static Shapes Load(const std::vector<BYTE>& bytes)
+    {
+        CMemFile file(const_cast<BYTE*>(bytes.data()), UINT(bytes.size()));
+        return LoadFrom(file);
+    }
+    static void StoreFile()
+    {
+        CFile file(ThePath().c_str(), CFile::modeCreate | CFile::modeWrite);
+        StoreInto(file);
+    }
+    static Shapes LoadFile()
+    {
+        CFile file(ThePath().c_str(), CFile::modeRead);
+        return LoadFrom(file);
+    }
+};
+
+double SumOf(const Shapes& shapes)
+{
+    double sum = 0;
+    for (int i = 0; i < shapes->GetCount(); ++i) {
+        auto* line = static_cast<CKGeomLine*>(shapes->GetAt(i));
+        sum += line->GetStartX() + line->GetStartY() + line->GetEndX() + line->GetEndY() + line->GetThickness();
+    }
+    return sum;
 }
 
-template <typename Value>
-void Put(BYTE*& at, Value value)
-{
-    std::memcpy(at, &value, sizeof value);
-    at += sizeof value;
-}
+// ---- Libraries with an archive over a stream
 
-template <typename Value>
-void Get(const BYTE*& at, Value& value)
+/// `Out` and `In` are archives that put fields with << and get them with >>, or with a call, as `Way` knows.
+template <class Way>
+struct Streams
 {
-    std::memcpy(&value, at, sizeof value);
-    at += sizeof value;
-}
-
-void StoreLimit(benchmark::State& state)
-{
-    CKGeomContainer container;
-    FillWithLines(container);
-    const auto lines = BareLines(container);
-    for (auto _ : state) {
-        std::unique_ptr<BYTE[]> bytes(new BYTE[kRecordBytes]);
-        BYTE* at = bytes.get();
-        Put(at, int32_t(1));
-        Put(at, int32_t(kLines));
-        for (const auto& line : lines) {
-            Put(at, int32_t(2));
-            Put(at, int32_t(1));
-            Put(at, line->offsetX);
-            Put(at, line->offsetY);
-            Put(at, int32_t(1));
-            for (double value : line->minMax)
-                Put(at, value);
-            Put(at, int32_t(1));
-            for (double value : {line->startX, line->startY, line->endX, line->endY, line->thickness})
-                Put(at, value);
+    static void StoreInto(std::ostream& stream)
+    {
+        typename Way::Out archive(stream);
+        for (const auto& line : TheDrawing().lines)
+            EachField(*line, [&archive](auto& value) { Way::Put(archive, value); });
+    }
+    static BareLines LoadFrom(std::istream& stream)
+    {
+        typename Way::In archive(stream);
+        BareLines lines;
+        for (int i = 0; i < kLines; ++i) {
+            lines.emplace_back(new BareLine);
+            EachField(*lines.back(), [&archive](auto& value) { Way::Get(archive, value); });
         }
-        benchmark::DoNotOptimize(bytes.get());
+        return lines;
+    }
+    static std::string Store()
+    {
+        std::ostringstream stream;
+        StoreInto(stream);
+        return stream.str();
+    }
+    static bool IsSame(const std::string& bytes) { return bytes.size() >= kRecordBytes - 8; }
+    static BareLines Load(const std::string& bytes)
+    {
+        std::istringstream stream(bytes);
+        return LoadFrom(stream);
+    }
+    static void StoreFile()
+    {
+        std::ofstream stream(ThePath(), std::ios::binary);
+        StoreInto(stream);
+    }
+    static BareLines LoadFile()
+    {
+        std::ifstream stream(ThePath(), std::ios::binary);
+        return LoadFrom(stream);
+    }
+};
+
+#ifdef KOLM_BENCH_SERIALIZATION
+struct BoostArchives
+{
+    using Out = boost::archive::binary_oarchive;
+    using In = boost::archive::binary_iarchive;
+    template <typename Value>
+    static void Put(Out& archive, const Value& value)
+    {
+        archive << value;
+    }
+    template <typename Value>
+    static void Get(In& archive, Value& value)
+    {
+        archive >> value;
+    }
+};
+#endif
+
+#ifdef KOLM_BENCH_CEREAL
+struct CerealArchives
+{
+    using Out = cereal::BinaryOutputArchive;
+    using In = cereal::BinaryInputArchive;
+    template <typename Value>
+    static void Put(Out& archive, const Value& value)
+    {
+        archive(value);
+    }
+    template <typename Value>
+    static void Get(In& archive, Value& value)
+    {
+        archive(value);
+    }
+};
+#endif
+
+/// The C library's files, a field at a time.
+struct Stdio
+{
+    static void StoreFile()
+    {
+        FILE* file = std::fopen(ThePath().c_str(), "wb");
+        const int32_t head[] = {1, kLines};
+        std::fwrite(head, sizeof head, 1, file);
+        for (const auto& line : TheDrawing().lines)
+            EachField(*line, [file](auto& value) { std::fwrite(&value, sizeof value, 1, file); });
+        std::fclose(file);
+    }
+    static BareLines LoadFile()
+    {
+        FILE* file = std::fopen(ThePath().c_str(), "rb");
+        int32_t head[2];
+        size_t got = std::fread(head, sizeof head, 1, file);
+        BareLines lines;
+        for (int i = 0; i < kLines; ++i) {
+            lines.emplace_back(new BareLine);
+            EachField(*lines.back(), [file, &got](auto& value) { got += std::fread(&value, sizeof value, 1, file); });
+        }
+        benchmark::DoNotOptimize(got);
+        std::fclose(file);
+        return lines;
+    }
+};
+
+// ---- Rows
+
+template <class Way>
+void StoreRow(benchmark::State& state)
+{
+    TheDrawing();
+    for (auto _ : state) {
+        auto stored = Way::Store();
+        benchmark::DoNotOptimize(stored);
         benchmark::ClobberMemory();
+        state.PauseTiming(); // looking at the bytes and giving them back is not part of storing
+        if (!Way::IsSame(stored))
+            state.SkipWithError("other bytes than the limit's");
+        stored = decltype(stored)();
+        state.ResumeTiming();
     }
     state.SetItemsProcessed(state.iterations() * kLines);
-    state.SetBytesProcessed(state.iterations() * int64_t(kRecordBytes));
 }
 
-void LoadKolm(benchmark::State& state)
+template <class Way>
+void StoreFileRow(benchmark::State& state)
 {
-    std::vector<BYTE> bytes;
-    {
-        CKGeomContainer source;
-        FillWithLines(source);
-        bytes = RecordOf(source);
-    }
+    TheDrawing();
+    for (auto _ : state)
+        Way::StoreFile();
+    if (FileBytes().size() < kRecordBytes - 8)
+        state.SkipWithError("fewer bytes than the limit's");
+    state.SetItemsProcessed(state.iterations() * kLines);
+}
+
+/// Times `load` and checks the lines that it gives.
+template <typename Load>
+void RunLoad(benchmark::State& state, const Load& load)
+{
     size_t heapBytes = 0;
     for (auto _ : state) {
         const size_t before = mallinfo2().uordblks;
-        auto container = std::make_unique<CKGeomContainer>();
-        CMemFile file(bytes.data(), UINT(bytes.size()));
-        CArchive archive(&file, CArchive::load);
-        container->Serialize(archive);
+        auto loaded = load();
+        state.PauseTiming(); // looking at the lines and giving them back is not part of loading
         heapBytes = mallinfo2().uordblks - before;
-        if (container->GetCount() != kLines)
-            state.SkipWithError("lines are missing");
-        state.PauseTiming(); // giving the shapes back is not part of loading
-        container.reset();
+        if (SumOf(loaded) != TheDrawing().sum)
+            state.SkipWithError("other lines than the limit's");
+        loaded = decltype(loaded)();
         state.ResumeTiming();
     }
     state.counters["bytes_per_shape"] = double(heapBytes) / kLines;
-    state.counters["sizeof_line"] = sizeof(CKGeomLine);
     state.SetItemsProcessed(state.iterations() * kLines);
 }
 
-void LoadLimit(benchmark::State& state)
+template <class Way, class Bytes>
+void LoadRow(benchmark::State& state, const Bytes& bytes)
 {
-    std::vector<BYTE> bytes;
-    {
-        CKGeomContainer source;
-        FillWithLines(source);
-        bytes = RecordOf(source);
-    }
-    for (auto _ : state) {
-        std::vector<std::unique_ptr<BareLine>> lines;
-        const BYTE* at = bytes.data() + 8;
-        for (int i = 0; i < kLines; ++i) {
-            lines.emplace_back(new BareLine);
-            BareLine& line = *lines.back();
-            int32_t code;
-            Get(at, code);
-            Get(at, code);
-            Get(at, line.offsetX);
-            Get(at, line.offsetY);
-            Get(at, code);
-            for (double& value : line.minMax)
-                Get(at, value);
-            Get(at, code);
-            for (double* value : {&line.startX, &line.startY, &line.endX, &line.endY, &line.thickness})
-                Get(at, *value);
-        }
-        benchmark::DoNotOptimize(lines.data());
-        state.PauseTiming();
-        lines.clear();
-        state.ResumeTiming();
-    }
-    state.SetItemsProcessed(state.iterations() * kLines);
+    RunLoad(state, [&bytes] { return Way::Load(bytes); });
 }
 
-BENCHMARK(StoreLimit)->Name("archive/store_1M_lines/limit")->Unit(benchmark::kMillisecond);
-BENCHMARK(StoreKolm)->Name("archive/store_1M_lines/kolm")->Unit(benchmark::kMillisecond);
-BENCHMARK(LoadLimit)->Name("archive/load_1M_lines/limit")->Unit(benchmark::kMillisecond);
-BENCHMARK(LoadKolm)->Name("archive/load_1M_lines/kolm")->Unit(benchmark::kMillisecond);
+template <class Way>
+void LoadFileRow(benchmark::State& state)
+{
+    Way::StoreFile();
+    RunLoad(state, [] { return Way::LoadFile(); });
+}
+
+template <typename Row>
+void Register(const char* workload, const char* way, const Row& row)
+{
+    const std::string name = std::string("archive/") + workload + "/" + way;
+    benchmark::RegisterBenchmark(name.c_str(), row)->Unit(benchmark::kMillisecond);
+}
+
+template <class Way>
+void RegisterFiles(const char* way)
+{
+    Register("store_1M_lines_file", way, StoreFileRow<Way>);
+    Register("load_1M_lines_file", way, LoadFileRow<Way>);
+}
+
+template <class Way>
+void RegisterAll(const char* way)
+{
+    Register("store_1M_lines", way, StoreRow<Way>);
+    RegisterFiles<Way>(way);
+}
+
+template <class Way>
+void RegisterStream(const char* way)
+{
+    RegisterAll<Way>(way);
+    Register("load_1M_lines", way, [](benchmark::State& state) { LoadRow<Way>(state, Way::Store()); });
+}
+
+/// Loads what the limit stored.
+template <class Way>
+void RegisterOwn(const char* way)
+{
+    RegisterAll<Way>(way);
+    Register("load_1M_lines", way, [](benchmark::State& state) { LoadRow<Way>(state, TheBytes()); });
+}
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv)
+{
+    RegisterOwn<Limit>("limit");
+    RegisterOwn<Kolm>("kolm");
+    RegisterFiles<Stdio>("stdio");
+#ifdef KOLM_BENCH_SERIALIZATION
+    RegisterStream<Streams<BoostArchives>>("boost");
+#endif
+#ifdef KOLM_BENCH_CEREAL
+    RegisterStream<Streams<CerealArchives>>("cereal");
+#endif
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}
