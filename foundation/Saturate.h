@@ -17,15 +17,15 @@ inline int SaturatedToInt(double value)
 }
 
 /// The largest integer that is not above the value; NaN gives 0. Every coordinate that is drawn passes here. So it is
-/// written without std::floor, which is a call on processors of the basic instruction set, and so that compilers choose
-/// between values instead of jumping: signs and sizes of coordinates can't be predicted.
+/// written without std::floor, which is a call on processors of the basic instruction set, and without a jump that
+/// depends on the sign, which can't be predicted.
 inline int SaturatedFloor(double value)
 {
-    const double notBelow = value > -2147483648.0 ? value : -2147483648.0;
-    const double held = notBelow < 2147483647.0 ? notBelow : 2147483647.0;
-    const int truncated = static_cast<int>(held);
-    const int floor = truncated - (truncated > held ? 1 : 0);
-    return value == value ? floor : 0;
+    if (value > -2147483648.0 && value < 2147483647.0) {
+        const int truncated = static_cast<int>(value);
+        return truncated - static_cast<int>(truncated > value);
+    }
+    return SaturatedToInt(value);
 }
 
 /// The nearest 32-bit value of a sum or product that was formed in 64 bits.

@@ -58,7 +58,8 @@ public:
     /// The live object of a handle; null for anything else.
     T* Find(const void* handle) const
     {
-        // Drawing asks for the same one again and again. A free slot has the handle 0, which is nobody's.
+        // Drawing asks for the same device context again and again, and for the pen that it has just made. A free slot
+        // has the handle 0, which is nobody's.
         const uint64_t bits = HandleBits(handle);
         if (m_recent != nullptr && m_recent->handle == bits && bits != 0) {
             return m_recent;
@@ -123,7 +124,7 @@ public:
     static uint32_t SlotOf(uint64_t handle) { return uint32_t(handle & 0xFFFFFF); }
 
 private:
-    T* FindOther(uint64_t bits) const
+    __attribute__((noinline)) T* FindOther(uint64_t bits) const
     {
         const uint32_t slot = uint32_t(bits & 0xFFFFFF);
         if (slot >= m_used || slot == 0) {
@@ -133,7 +134,9 @@ private:
         if (object.handle != bits) {
             return nullptr;
         }
-        m_recent = &object;
+        if (kind == Kind::Dc) { // stock pens selected back in between must not push out the one in use
+            m_recent = &object;
+        }
         return &object;
     }
 
@@ -157,7 +160,7 @@ private:
     }
 
     T* m_chunks[kChunks] = {};
-    mutable T* m_recent = nullptr; ///< the slot found last, whatever became of it; slots never go
+    mutable T* m_recent = nullptr; ///< the slot used last, whatever became of it; slots never go
     uint32_t m_used = 0;
     uint32_t m_firstFree = 0;
     uint32_t m_live = 0;

@@ -16,7 +16,7 @@ TemporaryWrappers<CDC> g_contexts;
 /// Selects and gives the wrapper of the former object; null when refused. The wrapper is taken first: a former object
 /// that waits to be deleted is gone after the selection.
 template <class Wrapper, class Object>
-Wrapper* SelectWrapped(HDC dc, Object* DeviceContext::*selected, const CGdiObject* next)
+__attribute__((noinline)) Wrapper* SelectWrapped(HDC dc, Object* DeviceContext::*selected, const CGdiObject* next)
 {
     const DeviceContext* const context = FindDc(dc);
     if (context == nullptr || next == nullptr) {
