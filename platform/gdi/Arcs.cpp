@@ -41,6 +41,9 @@ struct Ellipse
     /// The radials point the same way. Exact: the products need 68 bits.
     bool IsWhole() const
     {
+        if (startX2 == endX2 && startY2 == endY2) {
+            return true;
+        }
         const Wide cross = Wide(startX2) * endY2 - Wide(startY2) * endX2;
         const Wide dot = Wide(startX2) * endX2 + Wide(startY2) * endY2;
         return cross == 0 && dot >= 0;
@@ -78,9 +81,11 @@ EllipseArc UprightArc(const Transform& world, const ArcRequest& request, const E
     const double cx = double(arc.centerX2) / 2, cy = double(arc.centerY2) / 2;
     const double rx = double(arc.radiusX2) / 2, ry = double(arc.radiusY2) / 2;
     const RealPoint start = OnEllipse({arc.startX, arc.startY}, rx, ry);
-    const RealPoint end = OnEllipse({arc.endX, arc.endY}, rx, ry);
-    arc.start = Rounded({cx + start.x, cy + start.y});
-    arc.end = arc.whole ? arc.start : Rounded({cx + end.x, cy + end.y});
+    arc.start = arc.end = Rounded({cx + start.x, cy + start.y});
+    if (!arc.whole) {
+        const RealPoint end = OnEllipse({arc.endX, arc.endY}, rx, ry);
+        arc.end = Rounded({cx + end.x, cy + end.y});
+    }
     return arc;
 }
 
@@ -140,6 +145,9 @@ POINT AppendArc(const DeviceContext& dc, const ArcRequest& request, DevicePoint 
             path.LineTo(arc.start);
         }
         path.ArcTo(arc);
+        if (world.identity) {
+            return {arc.end.x, arc.end.y};
+        }
     } else {
         AppendFlattened(world, ellipse, logicalClockwise, from, path);
     }

@@ -64,6 +64,15 @@ CGdiObject* TemporaryOf(HGDIOBJ object)
     }
 }
 
+template <class Object>
+void EndOwned(Object* object, const CGdiObject& wrapper)
+{
+    if (object != nullptr) {
+        object->owner = object->owner == &wrapper ? nullptr : object->owner;
+        Condemn(object);
+    }
+}
+
 } // namespace
 
 CGdiObject* gdi::NewTemporaryOf(Slot& object)
@@ -76,12 +85,16 @@ CGdiObject* gdi::NewTemporaryOf(Slot& object)
 // Takes effect with the last selection.
 CGdiObject::~CGdiObject()
 {
-    if (Pen* const pen = tables.pens.Find(m_hObject)) {
-        pen->owner = pen->owner == this ? nullptr : pen->owner;
-        Condemn(pen);
-        return;
+    switch (HandleKind(m_hObject)) { // pens and brushes last for a stroke or a fill
+    case Kind::Pen:
+        EndOwned(tables.pens.Find(m_hObject), *this);
+        break;
+    case Kind::Brush:
+        EndOwned(tables.brushes.Find(m_hObject), *this);
+        break;
+    default:
+        DeleteObject();
     }
-    DeleteObject();
 }
 
 BOOL CGdiObject::Attach(HGDIOBJ object)

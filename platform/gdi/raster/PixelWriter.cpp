@@ -8,17 +8,6 @@
 namespace gdi {
 namespace {
 
-/// Long runs, such as the background of a frame, as the C library fills memory: with whatever stores this processor
-/// has.
-inline void StoreRun(uint32_t* at, int64_t count, uint32_t value)
-{
-    constexpr int64_t kLong = 256;
-    if (sizeof(wchar_t) == sizeof(uint32_t) && count >= kLong)
-        std::wmemset(reinterpret_cast<wchar_t*>(at), static_cast<wchar_t>(value), static_cast<size_t>(count));
-    else
-        Store(at, count, value);
-}
-
 inline void WriteSpan(const Pattern32Format& format, const Span& span)
 {
     uint32_t* const row = reinterpret_cast<uint32_t*>(RowOf(format, span.row));
@@ -106,6 +95,25 @@ bool Resolve(RasterOp op, uint32_t pixel, uint32_t white, uint32_t& keep, uint32
 
 } // namespace
 
+void FillRows(const StoreFormat& format, const Box& box)
+{
+    constexpr int64_t kLong = 256;
+    const int64_t width = int64_t(box.right) - box.left;
+    int64_t rows = int64_t(box.bottom) - box.top;
+    uint8_t* row = RowOf(format, box.top) + ptrdiff_t(box.left) * 4;
+    if (format.stride == width * 4 && sizeof(wchar_t) == 4 && width * rows >= kLong) {
+        std::wmemset(reinterpret_cast<wchar_t*>(row), static_cast<wchar_t>(format.value),
+                     static_cast<size_t>(width * rows));
+    } else if (sizeof(wchar_t) == 4 && width >= kLong) {
+        for (; rows > 0; --rows, row += format.stride)
+            std::wmemset(reinterpret_cast<wchar_t*>(row), static_cast<wchar_t>(format.value),
+                         static_cast<size_t>(width));
+    } else {
+        for (; rows > 0; --rows, row += format.stride)
+            Store(reinterpret_cast<uint32_t*>(row), width, format.value);
+    }
+}
+
 template <class Format>
 void FormatWriter<Format>::Spans(const Span* spans, size_t count)
 {
@@ -125,15 +133,7 @@ void FormatWriter<Format>::Rectangle(const Box& box)
 template <>
 void FormatWriter<StoreFormat>::Rectangle(const Box& box)
 {
-    const StoreFormat format = m_format;
-    const int64_t width = int64_t(box.right) - box.left;
-    uint8_t* row = RowOf(format, box.top) + ptrdiff_t(box.left) * 4;
-    if (format.stride == width * 4) { // whole rows are one run
-        StoreRun(reinterpret_cast<uint32_t*>(row), width * (int64_t(box.bottom) - box.top), format.value);
-        return;
-    }
-    for (int32_t y = box.top; y < box.bottom; ++y, row += format.stride)
-        StoreRun(reinterpret_cast<uint32_t*>(row), width, format.value);
+    FillRows(m_format, box);
 }
 
 template <class Format>
@@ -143,13 +143,13 @@ void FormatWriter<Format>::Line(const LineRun& run)
         WriteLine(m_format, run);
 }
 
-bool AsStoreFormat(const Ink& ink, const Surface& surface, StoreFormat& format)
+SolidForm SolidFormOf(const Ink& ink, const Surface& surface, uint32_t& value)
 {
     uint32_t keep;
-    format.bits = surface.bits;
-    format.stride = surface.stride;
-    return surface.bitsPerPixel == 32 && surface.bits && !ink.hatch &&
-           Resolve(ink.op, ink.pixel, ColourMask(32), keep, format.value) && keep == 0;
+    if (surface.bitsPerPixel != 32 || !surface.bits || ink.hatch ||
+        !Resolve(ink.op, ink.pixel, ColourMask(32), keep, value))
+        return SolidForm::None;
+    return keep == 0 ? SolidForm::Store : SolidForm::Toggle;
 }
 
 InkWriter::InkWriter(const Ink& ink, const Surface& surface)

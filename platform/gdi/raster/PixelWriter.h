@@ -98,6 +98,9 @@ struct Pattern1Format
     uint8_t flip[8];
 };
 
+/// Stores into a box. Long rows and whole ones go to the C library, which has the stores of this very processor.
+void FillRows(const StoreFormat& format, const Box& box);
+
 template <class Format>
 class FormatWriter final : public PixelWriter
 {
@@ -111,9 +114,16 @@ private:
     Format m_format;
 };
 
-/// The form of a solid ink that stores into a surface of 32 bits: the usual case, which needs no writer to be made.
-/// False for every other ink and surface.
-bool AsStoreFormat(const Ink& ink, const Surface& surface, StoreFormat& format);
+/// What a solid ink does to a surface of 32 bits.
+enum class SolidForm
+{
+    None,  ///< nothing, or the ink has a pattern, or the surface another depth
+    Store, ///< every pixel becomes the value
+    Toggle ///< every pixel changes by the value
+};
+
+/// The usual case, for which no writer has to be made; sets `value` unless the answer is None.
+SolidForm SolidFormOf(const Ink& ink, const Surface& surface, uint32_t& value);
 
 /// Makes the writer for an ink and holds it. `Get()` is null when nothing can change: no pixels, an unknown form or
 /// operation, or the operation that leaves everything alone. Does not own the surface; lives as long as one stroke.

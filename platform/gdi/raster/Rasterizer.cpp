@@ -142,9 +142,14 @@ void Rasterizer::StrokeSegment(DevicePoint from, DevicePoint to, int32_t width, 
         StrokeCosmetic(m_scratch->segment, dash, ink, surface, visible);
         return;
     }
-    StoreFormat format;
-    if (width < 2 && AsStoreFormat(ink, surface, format)) {
-        DrawCosmeticLine(from, to, visible, SolidSink<StoreFormat>(format));
+    uint32_t value;
+    const SolidForm form = width < 2 ? SolidFormOf(ink, surface, value) : SolidForm::None;
+    if (form == SolidForm::Store) {
+        DrawCosmeticLine(from, to, visible, SolidSink<StoreFormat>({surface.bits, surface.stride, value}));
+        return;
+    }
+    if (form == SolidForm::Toggle) {
+        DrawCosmeticLine(from, to, visible, SolidSink<XorFormat>({surface.bits, surface.stride, value}));
         return;
     }
     InkWriter inkWriter(ink, surface);
@@ -161,19 +166,24 @@ void Rasterizer::StrokeSegment(DevicePoint from, DevicePoint to, int32_t width, 
 
 void Rasterizer::Fill(const DevicePath& path, FillRule rule, const Ink& ink, const Surface& surface, const Box& clip)
 {
+    Box box;
+    if (AsBox(path, box)) {
+        FillBox(box, ink, surface, clip);
+        return;
+    }
     const Box visible = VisibleBox(path.Bounds(), 0, surface, clip);
     if (IsEmpty(visible))
         return;
-    Box box;
-    if (AsBox(path, box)) {
-        FillBox(box, ink, surface, visible);
+    const EllipseArc* const circle = AsCircle(path);
+    uint32_t value;
+    if (circle && SolidFormOf(ink, surface, value) == SolidForm::Store &&
+        StoreDisc(*circle, m_scratch->ends, visible, {surface.bits, surface.stride, value}))
         return;
-    }
     InkWriter inkWriter(ink, surface);
     if (!inkWriter.Get())
         return;
-    if (const EllipseArc* const circle = AsCircle(path))
-        FillDisc(*circle, visible, *inkWriter.Get());
+    if (circle)
+        FillDisc(*circle, m_scratch->ends, visible, *inkWriter.Get());
     else
         m_scratch->polygon.Fill(path, rule, visible, *inkWriter.Get());
 }
@@ -181,10 +191,16 @@ void Rasterizer::Fill(const DevicePath& path, FillRule rule, const Ink& ink, con
 void Rasterizer::FillBox(const Box& box, const Ink& ink, const Surface& surface, const Box& clip)
 {
     const Box visible = Intersection(Intersection(box, clip), {0, 0, surface.width, surface.height});
-    InkWriter inkWriter(ink, surface);
-    if (IsEmpty(visible) || !inkWriter.Get())
+    if (IsEmpty(visible))
         return;
-    inkWriter.Get()->Rectangle(visible);
+    uint32_t value;
+    if (SolidFormOf(ink, surface, value) == SolidForm::Store) {
+        FillRows({surface.bits, surface.stride, value}, visible);
+        return;
+    }
+    InkWriter inkWriter(ink, surface);
+    if (inkWriter.Get())
+        inkWriter.Get()->Rectangle(visible);
 }
 
 } // namespace gdi

@@ -2,6 +2,7 @@
 
 #include "gdi/raster/ArcSector.h"
 #include "gdi/raster/RasterMath.h"
+#include "gdi/raster/SolidFormats.h"
 #include "gdi/raster/SpanBuffer.h"
 
 #include <algorithm>
@@ -164,6 +165,33 @@ Piece PieceOfEnd(DevicePoint centre, int32_t width, const RoundEndRow* table, in
     return {int64_t(centre.x) - disc.left, int64_t(centre.x) + disc.right};
 }
 
+/// The circle lies around a pixel, so that its rows are the same wherever it is, and has a table of them.
+bool IsPixelDisc(const EllipseArc& circle)
+{
+    return ((circle.centerX2 | circle.centerY2) & 1) == 0 && circle.radiusX2 <= RoundEnds::kLargest;
+}
+
+template <class Emit>
+void ForEachRowOfPixelDisc(const EllipseArc& circle, RoundEnds& ends, const Box& clip, Emit emit)
+{
+    const int32_t diameter = static_cast<int32_t>(circle.radiusX2);
+    const int64_t x = circle.centerX2 / 2;
+    const int64_t y = circle.centerY2 / 2;
+    const RoundEndRow* const table = ends.Table(diameter) + diameter / 2;
+    const int64_t first = std::max<int64_t>(y - diameter / 2, clip.top);
+    const int64_t end = std::min<int64_t>(y + (diameter + 1) / 2, clip.bottom);
+    const bool cut = x - diameter / 2 < clip.left || x + diameter / 2 + 1 > clip.right;
+    for (int64_t row = first; row < end; ++row) {
+        const RoundEndRow disc = table[row - y];
+        const int64_t left = x - disc.left;
+        const int64_t right = x + disc.right;
+        if (cut)
+            emit(static_cast<int32_t>(row), Clamp(left, clip.left, clip.right), Clamp(right, clip.left, clip.right));
+        else
+            emit(static_cast<int32_t>(row), static_cast<int32_t>(left), static_cast<int32_t>(right));
+    }
+}
+
 } // namespace
 
 void DrawRingSector(const EllipseArc& arc, int32_t width, RoundEnds& ends, const Box& clip, PixelWriter& writer)
@@ -182,11 +210,26 @@ void DrawRingSector(const EllipseArc& arc, int32_t width, RoundEnds& ends, const
     }
 }
 
-void FillDisc(const EllipseArc& circle, const Box& clip, PixelWriter& writer)
+bool StoreDisc(const EllipseArc& circle, RoundEnds& ends, const Box& clip, const StoreFormat& format)
 {
+    if (!IsPixelDisc(circle))
+        return false;
+    ForEachRowOfPixelDisc(circle, ends, clip, [format](int32_t row, int32_t left, int32_t right) {
+        WriteSpan(format, {row, left, right});
+    });
+    return true;
+}
+
+void FillDisc(const EllipseArc& circle, RoundEnds& ends, const Box& clip, PixelWriter& writer)
+{
+    SpanBuffer spans(writer);
+    if (IsPixelDisc(circle)) {
+        ForEachRowOfPixelDisc(circle, ends, clip,
+                              [&](int32_t row, int32_t left, int32_t right) { spans.Add(row, left, right); });
+        return;
+    }
     const int64_t first = std::max<int64_t>(CeilHalf(circle.centerY2 - circle.radiusY2), clip.top);
     const int64_t end = std::min<int64_t>(CeilHalf(circle.centerY2 + circle.radiusY2), clip.bottom);
-    SpanBuffer spans(writer);
     for (int64_t row = first; row < end; ++row) {
         const DiscRow disc = RowOfDisc(circle.centerX2, circle.radiusX2, 2 * row - circle.centerY2);
         spans.Add(static_cast<int32_t>(row), Clamp(disc.left, clip.left, clip.right),

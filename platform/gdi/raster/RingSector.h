@@ -11,6 +11,9 @@ namespace gdi {
 void DrawRingSector(const EllipseArc& arc, int32_t width, RoundEnds& ends, const Box& clip, PixelWriter& writer);
 
 /// Fills a full circle, with the pixels that the general fill would find.
-void FillDisc(const EllipseArc& circle, const Box& clip, PixelWriter& writer);
+void FillDisc(const EllipseArc& circle, RoundEnds& ends, const Box& clip, PixelWriter& writer);
+
+/// The same for the usual ink and a circle around a pixel, without a writer; false, and nothing drawn, for others.
+bool StoreDisc(const EllipseArc& circle, RoundEnds& ends, const Box& clip, const StoreFormat& format);
 
 } // namespace gdi
