@@ -163,7 +163,34 @@ double SumOf(const Shapes& shapes)
     return sum;
 }
 
-// ---- Libraries with an archive over a stream
+// ---- Libraries with an archive over a stream. They make the same shapes as Kolm: what differs is how fields travel.
+
+using Lines = std::vector<std::unique_ptr<CKGeomLine>>;
+
+double SumOf(const Lines& lines)
+{
+    double sum = 0;
+    for (const auto& line : lines)
+        sum += line->GetStartX() + line->GetStartY() + line->GetEndX() + line->GetEndY() + line->GetThickness();
+    return sum;
+}
+
+/// Reads the fields of all lines with `get` into new shapes.
+template <typename Get>
+Lines LoadShapes(const Get& get)
+{
+    Lines lines;
+    for (int i = 0; i < kLines; ++i) {
+        BareLine fields;
+        EachField(fields, get);
+        auto line =
+            std::make_unique<CKGeomLine>(fields.startX, fields.startY, fields.endX, fields.endY, fields.thickness);
+        line->SetOffsetXY(fields.offsetX, fields.offsetY);
+        line->SetMinMax(fields.minMax[0], fields.minMax[1], fields.minMax[2], fields.minMax[3]);
+        lines.push_back(std::move(line));
+    }
+    return lines;
+}
 
 /// `Out` and `In` are archives that put fields with << and get them with >>, or with a call, as `Way` knows.
 template <class Way>
@@ -175,15 +202,10 @@ struct Streams
         for (const auto& line : TheDrawing().lines)
             EachField(*line, [&archive](auto& value) { Way::Put(archive, value); });
     }
-    static BareLines LoadFrom(std::istream& stream)
+    static Lines LoadFrom(std::istream& stream)
     {
         typename Way::In archive(stream);
-        BareLines lines;
-        for (int i = 0; i < kLines; ++i) {
-            lines.emplace_back(new BareLine);
-            EachField(*lines.back(), [&archive](auto& value) { Way::Get(archive, value); });
-        }
-        return lines;
+        return LoadShapes([&archive](auto& value) { Way::Get(archive, value); });
     }
     static std::string Store()
     {
@@ -192,7 +214,7 @@ struct Streams
         return stream.str();
     }
     static bool IsSame(const std::string& bytes) { return bytes.size() >= kRecordBytes - 8; }
-    static BareLines Load(const std::string& bytes)
+    static Lines Load(const std::string& bytes)
     {
         std::istringstream stream(bytes);
         return LoadFrom(stream);
@@ -202,7 +224,7 @@ struct Streams
         std::ofstream stream(ThePath(), std::ios::binary);
         StoreInto(stream);
     }
-    static BareLines LoadFile()
+    static Lines LoadFile()
     {
         std::ifstream stream(ThePath(), std::ios::binary);
         return LoadFrom(stream);
@@ -257,16 +279,12 @@ struct Stdio
             EachField(*line, [file](auto& value) { std::fwrite(&value, sizeof value, 1, file); });
         std::fclose(file);
     }
-    static BareLines LoadFile()
+    static Lines LoadFile()
     {
         FILE* file = std::fopen(ThePath().c_str(), "rb");
         int32_t head[2];
         size_t got = std::fread(head, sizeof head, 1, file);
-        BareLines lines;
-        for (int i = 0; i < kLines; ++i) {
-            lines.emplace_back(new BareLine);
-            EachField(*lines.back(), [file, &got](auto& value) { got += std::fread(&value, sizeof value, 1, file); });
-        }
+        Lines lines = LoadShapes([file, &got](auto& value) { got += std::fread(&value, sizeof value, 1, file); });
         benchmark::DoNotOptimize(got);
         std::fclose(file);
         return lines;
