@@ -2,6 +2,7 @@
 
 #include "KolmVersion.h"
 
+#include "entities/ArchiveNesting.h"
 #include "entities/CKGeomArc.h"
 #include "entities/CKGeomLine.h"
 #include "entities/CKGeomPoint.h"
@@ -10,28 +11,6 @@
 #include "entities/CKGeomTreeCopy.h"
 
 namespace {
-
-/// How deep container records may lie in each other. Boards need two or three levels; an archive made to harm could
-/// nest as many as it has bytes, and each takes some hundred bytes of stack.
-constexpr int kMaxNesting = 128;
-
-/// Of this thread: how deep the records run is a matter of its stack, whichever archive they lie in.
-thread_local int nesting = 0;
-
-/// One container record that is being written or read on this thread. Leaves its level when an exception passes, too.
-class NestingLevel
-{
-public:
-    NestingLevel()
-    {
-        if (nesting >= kMaxNesting)
-            AfxThrowArchiveException(CArchiveException::badSchema);
-        ++nesting;
-    }
-    ~NestingLevel() { --nesting; }
-    NestingLevel(const NestingLevel&) = delete;
-    NestingLevel& operator=(const NestingLevel&) = delete;
-};
 
 /// Compares offset and corners. A null is equal to a null only.
 int IsSameElement(const CKGeom* a, const CKGeom* b)
@@ -105,7 +84,7 @@ void CKGeomContainer::Serialize(CArchive& ar)
 // Two walks, since the count stands before the elements and leaves the nulls out.
 void CKGeomContainer::Store(CArchive& ar)
 {
-    const NestingLevel level;
+    const ArchiveNesting level;
     const int count = GetCount();
     int stored = 0;
     for (int i = 0; i < count; ++i)
@@ -126,7 +105,7 @@ void CKGeomContainer::Store(CArchive& ar)
 void CKGeomContainer::Load(CArchive& ar)
 {
     DeleteElements();
-    const NestingLevel level;
+    const ArchiveNesting level;
     int version = 0;
     ar >> version;
     if (version < 1)

@@ -2,6 +2,7 @@
 
 #include "KolmVersion.h"
 
+#include "entities/ArchiveNesting.h"
 #include "entities/CKGeomTreeCopy.h"
 
 CKGeomPolygon::CKGeomPolygon() = default;
@@ -56,6 +57,8 @@ int CKGeomPolygon::IsSameContent(const CKGeomContainer* a, const CKGeomContainer
 // Both containers are archived always, made for the purpose if need be: the record has no mark for a missing one.
 void CKGeomPolygon::Serialize(CArchive& ar)
 {
+    // Also for a version below 1, whose record ends before its containers: what can be loaded can be stored again.
+    ArchiveNesting::RequireRoom();
     int version = kKolmArchiveVersion;
     if (ar.IsStoring()) {
         ar << version;

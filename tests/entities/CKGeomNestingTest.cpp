@@ -106,3 +106,22 @@ TEST(CKGeomNesting, HostileArchivesEndInAnException)
     EXPECT_EQ(Load(shallow, HostileRecord(20)).cause, CArchiveException::endOfFile);
     EXPECT_EQ(shallow.GetCount(), 1);
 }
+
+TEST(CKGeomNesting, WhatLoadsCanBeStored)
+{
+    // A polygon of version 0 has no containers in its record, but needs room for two when it is stored.
+    for (const int levels : {126, 127}) {
+        Record record;
+        record.I(1).I(1);
+        for (int i = 0; i < levels; ++i)
+            record.I(6).I(1).I(1).I(1);
+        record.I(6).I(0);
+        for (int i = 0; i < levels; ++i)
+            record.I(1).I(0);
+        CKGeomContainer container;
+        const bool fits = levels < 127; // and the container itself makes 128
+        EXPECT_EQ(Load(container, record.bytes).cause, fits ? CArchiveException::none : CArchiveException::badSchema);
+        EXPECT_EQ(container.GetCount(), fits ? 1 : 0);
+        EXPECT_GT(Stored(container).size(), 7u);
+    }
+}
