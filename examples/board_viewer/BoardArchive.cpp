@@ -28,7 +28,7 @@ void WriteArchive(const BoardPicture& picture, const std::string& path)
     CArchive archive(&file, CArchive::store);
     archive.Write(kArchiveMark.data(), UINT(kArchiveMark.size()));
     for (const auto& layer : picture.layers) {
-        archive << kLayerFollows << CString(layer->name.c_str()) << layer->colour;
+        archive << kLayerFollows << CString(layer->name.data(), int(layer->name.size())) << layer->colour;
         layer->shapes.Serialize(archive);
     }
     archive << kEnd;
@@ -42,7 +42,7 @@ std::unique_ptr<PictureLayer> ReadLayer(CArchive& archive)
     auto layer = std::make_unique<PictureLayer>();
     CString name;
     archive >> name >> layer->colour;
-    layer->name = static_cast<const char*>(name);
+    layer->name.assign(name.GetString(), size_t(name.GetLength())); // a damaged name can hold zero bytes
     layer->colour &= 0xFFFFFF; // no palette indices and the like, which the high byte could ask for
     layer->shapes.Serialize(archive);
     SetAreas(*layer);
