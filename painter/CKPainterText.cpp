@@ -7,6 +7,7 @@
 #include "painter/GdiScope.h"
 #include "painter/PainterMapping.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -125,18 +126,33 @@ KPoint GetTurnedShift(float angle, int shift)
     return {SaturatedToInt(std::sin(radians) * shift + 0.5), SaturatedToInt(std::cos(radians) * shift + 0.5)};
 }
 
-/// Copies the canvas pixel by pixel. A pixel that has the background colour of the start is where the text is: in a
-/// one-bit canvas the text comes out in that colour exactly when the background set for it is another.
-void CopyText(HDC canvas, HDC target, SIZE extent, KPoint center, COLORREF background, COLORREF textColor)
+/// The part of a text box of the given extent at (left, top) that has to be drawn, relative to the box. Texts of any
+/// ordinary size are copied whole. Of larger ones only what the target can show is made, so that neither time nor
+/// memory follow the height asked for.
+CRect GetPartToDraw(HDC target, SIZE extent, KPoint corner)
 {
-    if (extent.cx <= 0)
-        return; // an empty text can still be very high
-    const int left = SaturatedDifference(center.x, extent.cx / 2);
-    const int top = SaturatedDifference(center.y, extent.cy / 2);
-    for (int row = 0; row < extent.cy; ++row) {
-        for (int column = 0; column < extent.cx; ++column) {
-            const COLORREF pixel = ::GetPixel(canvas, column, row);
-            ::SetPixel(target, SaturatedSum(column, left), SaturatedSum(row, top),
+    constexpr long long kCopiedWhole = 1LL << 20; // pixels
+    const CRect whole(0, 0, extent.cx, extent.cy);
+    CRect visible;
+    if (static_cast<long long>(extent.cx) * extent.cy <= kCopiedWhole || !::GetClipBox(target, &visible))
+        return whole;
+    CRect part;
+    part.left = std::max(0, SaturatedDifference(visible.left, corner.x));
+    part.top = std::max(0, SaturatedDifference(visible.top, corner.y));
+    part.right = std::min(extent.cx, SaturatedDifference(visible.right, corner.x));
+    part.bottom = std::min(extent.cy, SaturatedDifference(visible.bottom, corner.y));
+    return part;
+}
+
+/// Copies the canvas, which holds a part of the text box, pixel by pixel; the box has its corner at `corner`. A pixel
+/// that has the background colour of the start is where the text is: in a one-bit canvas the text comes out in that
+/// colour exactly when the background set for it is another.
+void CopyText(HDC canvas, HDC target, const CRect& part, KPoint corner, COLORREF background, COLORREF textColor)
+{
+    for (int row = part.top; row < part.bottom; ++row) {
+        for (int column = part.left; column < part.right; ++column) {
+            const COLORREF pixel = ::GetPixel(canvas, column - part.left, row - part.top);
+            ::SetPixel(target, SaturatedSum(column, corner.x), SaturatedSum(row, corner.y),
                        pixel == background ? textColor : pixel);
         }
     }
@@ -205,16 +221,19 @@ void CKPainter::DrawWindowFontTextNoWorldTransform(CDC* dc, int transparent, COL
                                     0, 0, 0, "Tahoma"));
     const SIZE extent = GetExtent(memory, text);
     const KPoint center = D(x, y);
-    // Text without extent gets a bitmap of one pixel, of which nothing is copied.
-    if (!canvas.SelectBitmap(::CreateBitmap(extent.cx, extent.cy, 1, 1, nullptr)))
+    const KPoint corner = {SaturatedDifference(center.x, extent.cx / 2), SaturatedDifference(center.y, extent.cy / 2)};
+    // An empty text can still be very high.
+    const CRect part = GetPartToDraw(target, extent, corner);
+    if (part.left >= part.right || part.top >= part.bottom ||
+        !canvas.SelectBitmap(::CreateBitmap(part.right - part.left, part.bottom - part.top, 1, 1, nullptr)))
         return;
 
     // The colours meet in one bit. What the canvas had as background before is what CopyText recognises the text by.
     ::SetTextColor(memory, color);
     const int previousMode = ::SetBkMode(memory, transparent ? TRANSPARENT : OPAQUE);
     const COLORREF background = ::SetBkColor(memory, transparent ? m_backgroundTransparent : m_backgroundReplacement);
-    ::ExtTextOutA(memory, 0, 0, 0, nullptr, text, static_cast<UINT>(text.GetLength()), nullptr);
-    CopyText(memory, target, extent, center, background, color);
+    ::ExtTextOutA(memory, -part.left, -part.top, 0, nullptr, text, static_cast<UINT>(text.GetLength()), nullptr);
+    CopyText(memory, target, part, corner, background, color);
     ::SetBkMode(memory, previousMode);
     ::SetBkColor(memory, background);
 }

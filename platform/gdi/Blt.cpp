@@ -224,3 +224,28 @@ BOOL PatBlt(HDC handle, int x, int y, int width, int height, DWORD code)
     const DevicePoint at = dc->world.ToDevice(x, y);
     return WithMemory([&] { return Transfer(*dc, nullptr, at, {0, 0}, width, height, code); });
 }
+
+int GetClipBox(HDC handle, LPRECT box)
+{
+    const DeviceContext* const dc = FindDc(handle);
+    if (dc == nullptr || box == nullptr) {
+        return 0;
+    }
+    const Box clip = dc->Clip();
+    if (clip.left >= clip.right || clip.top >= clip.bottom) {
+        *box = {0, 0, 0, 0};
+        return NULLREGION;
+    }
+    *box = {INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
+    // A pixel stands for what lies up to half of one around it, hence the halves outward.
+    for (const double x : {clip.left - 0.5, clip.right - 0.5}) {
+        for (const double y : {clip.top - 0.5, clip.bottom - 0.5}) {
+            const RealPoint corner = dc->world.Inverse({x, y});
+            box->left = std::min(box->left, RoundToPixel(std::ceil(corner.x) - 0.5));
+            box->top = std::min(box->top, RoundToPixel(std::ceil(corner.y) - 0.5));
+            box->right = std::max(box->right, RoundToPixel(std::floor(corner.x) + 0.5));
+            box->bottom = std::max(box->bottom, RoundToPixel(std::floor(corner.y) + 0.5));
+        }
+    }
+    return SIMPLEREGION;
+}

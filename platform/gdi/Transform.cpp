@@ -29,11 +29,16 @@ XFORM Transform::Get() const
     return {float(m11), float(m12), float(m21), float(m22), float(dx), float(dy)};
 }
 
-POINT Transform::ToLogical(RealPoint device) const
+RealPoint Transform::Inverse(RealPoint device) const
 {
     const double determinant = m11 * m22 - m12 * m21;
-    const double x = ((device.x - dx) * m22 - (device.y - dy) * m21) / determinant;
-    const double y = ((device.y - dy) * m11 - (device.x - dx) * m12) / determinant;
+    return {((device.x - dx) * m22 - (device.y - dy) * m21) / determinant,
+            ((device.y - dy) * m11 - (device.x - dx) * m12) / determinant};
+}
+
+POINT Transform::ToLogical(RealPoint device) const
+{
+    const auto [x, y] = Inverse(device);
     const POINT nearest = {RoundToPixel(x), RoundToPixel(y)};
     const POINT lower = {RoundToPixel(std::ceil(x - 0.5)), RoundToPixel(std::ceil(y - 0.5))};
 

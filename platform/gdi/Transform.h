@@ -52,7 +52,9 @@ struct Transform
     /// False, and nothing changed, for a matrix that is singular or not finite.
     bool Set(const XFORM& matrix);
     XFORM Get() const;
-    /// The logical point of a device point. Of the candidates beside the exact inverse the one that maps back is taken,
+    /// The exact logical point of a device point, but for rounding of doubles.
+    RealPoint Inverse(RealPoint device) const;
+    /// The logical point of a device point as ints. Of the candidates beside the exact inverse the one that maps back is taken,
     /// so that points given as ints come out as they went in where the transform does not shrink.
     POINT ToLogical(RealPoint device) const;
 };

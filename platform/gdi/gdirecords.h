@@ -171,6 +171,7 @@ constexpr int HS_HORIZONTAL = 0, HS_VERTICAL = 1, HS_FDIAGONAL = 2, HS_BDIAGONAL
 constexpr int R2_BLACK = 1, R2_NOT = 6, R2_XORPEN = 7, R2_NOP = 11, R2_COPYPEN = 13, R2_WHITE = 16;
 constexpr int TRANSPARENT = 1, OPAQUE = 2;
 constexpr int AD_COUNTERCLOCKWISE = 1, AD_CLOCKWISE = 2; ///< as seen with y downward
+constexpr int NULLREGION = 1, SIMPLEREGION = 2;
 constexpr int GM_COMPATIBLE = 1, GM_ADVANCED = 2;
 constexpr int ALTERNATE = 1, WINDING = 2;
 constexpr UINT TA_LEFT = 0, TA_RIGHT = 2, TA_CENTER = 6, TA_TOP = 0, TA_BOTTOM = 8, TA_BASELINE = 24, TA_NOUPDATECP = 0, TA_UPDATECP = 1;

@@ -136,6 +136,9 @@ KOLM_API COLORREF GetPixel(HDC dc, int x, int y);
 /// outside of either surface is left out; overlapping blocks of one surface come out as if copied first. FALSE under
 /// world transforms that do more than move.
 KOLM_API BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int xSrc, int ySrc, DWORD code);
+/// The box around all logical points whose pixels exist. SIMPLEREGION, NULLREGION and an empty box for a device context
+/// without pixels, 0 (and an untouched record) for a refused handle.
+KOLM_API int GetClipBox(HDC dc, LPRECT box);
 KOLM_API BOOL PatBlt(HDC dc, int x, int y, int width, int height, DWORD code);
 
 /// A bitmap of 1, 24 or 32 bits, zeroed or filled from `bits` (rows padded to 16 bits). Null for other depths, negative

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ctime>
 
 namespace {
 
@@ -137,6 +138,32 @@ TEST(CKPainterText, PixelCopiedTextCoversItsBoxRowByRow)
         EXPECT_EQ(other, 0);
     }
     EXPECT_EQ(CountGdiObjects(), objects + 0u);
+}
+
+TEST(CKPainterText, OfAHugeTextOnlyWhatIsSeenIsMade)
+{
+    if (MeasurePixelText(12, "M").cx == 0)
+        GTEST_SKIP() << "no font on this system";
+    CKPainter painter;
+    PlaceView(painter, 10.0, 30, 25);
+    // 1100 pixels high: the larger canvas shows all of it where the smaller one shows a part of a letter.
+    Canvas small(60, 50), large(1000, 1000);
+    painter.DrawTextNoWorldTransform(small.Get(), 0x0000FF, 0, "M", -22, -20, 110);
+    painter.DrawTextNoWorldTransform(large.Get(), 0x0000FF, 0, "M", -22, -20, 110);
+    int red = 0;
+    for (int y = 0; y < 50; ++y) {
+        for (int x = 0; x < 60; ++x) {
+            ASSERT_EQ(small.Get()->GetPixel(x, y), large.Get()->GetPixel(x, y)) << x << ", " << y;
+            red += small.Get()->GetPixel(x, y) == 0x0000FF;
+        }
+    }
+    EXPECT_GT(red, 0);
+    EXPECT_LT(red, 3000);
+
+    const clock_t start = clock();
+    painter.DrawTextNoWorldTransform(small.Get(), 0x0000FF, 0, "M", -1000, 0, 10000);  // covers the canvas
+    painter.DrawTextNoWorldTransform(small.Get(), 0x0000FF, 0, "M", 100000, 0, 10000); // misses it
+    EXPECT_LT(double(clock() - start) / CLOCKS_PER_SEC, 0.5) << "ten thousand million pixels each";
 }
 
 TEST(CKPainterText, HostileHeightsAndEmptyTexts)

@@ -245,4 +245,38 @@ TEST(GdiBlt, BetweenMonochromeAndColours)
     EXPECT_EQ(back.At(1, 0), kWhite);
 }
 
+TEST(GdiBitmaps, ClipBoxHoldsEveryPointWithAPixel)
+{
+    const XFORM transforms[] = {{1, 0, 0, 1, 0, 0}, {2, 0, 0, -2, 5, 30}, {0.6f, 0.8f, -0.8f, 0.6f, 3, -4}};
+    for (const XFORM& transform : transforms) {
+        const Canvas canvas(20, 12);
+        SetGraphicsMode(canvas, GM_ADVANCED);
+        SetWorldTransform(canvas, &transform);
+        RECT box = {};
+        ASSERT_EQ(GetClipBox(canvas, &box), SIMPLEREGION);
+        CRect drawn(1000, 1000, -1000, -1000);
+        for (int y = -60; y < 60; ++y) {
+            for (int x = -60; x < 60; ++x) {
+                if (GetPixel(canvas, x, y) != CLR_INVALID) {
+                    drawn = CRect(std::min<int>(drawn.left, x), std::min<int>(drawn.top, y),
+                                  std::max<int>(drawn.right, x + 1), std::max<int>(drawn.bottom, y + 1));
+                }
+            }
+        }
+        // The corners of a turned picture can fall between points.
+        const int slack = transform.eM12 != 0 ? 1 : 0;
+        EXPECT_TRUE(box.left <= drawn.left && box.left >= drawn.left - slack) << transform.eM11;
+        EXPECT_TRUE(box.top <= drawn.top && box.top >= drawn.top - slack) << transform.eM11;
+        EXPECT_TRUE(box.right >= drawn.right && box.right <= drawn.right + slack) << transform.eM11;
+        EXPECT_TRUE(box.bottom >= drawn.bottom && box.bottom <= drawn.bottom + slack) << transform.eM11;
+    }
+    RECT untouched = {1, 2, 3, 4};
+    EXPECT_EQ(GetClipBox(nullptr, &untouched), 0);
+    EXPECT_EQ(untouched.right, 3);
+    const HDC screen = GetDC(nullptr); // has no pixels
+    EXPECT_EQ(GetClipBox(screen, &untouched), NULLREGION);
+    EXPECT_EQ(untouched.right, 0);
+    ReleaseDC(nullptr, screen);
+}
+
 } // namespace
