@@ -37,8 +37,29 @@ private:
     bool m_convex;
 };
 
-/// Appends points along an arc, its last one included and its first one not, each rounded to a pixel, with chords that
-/// stay within an eighth of a pixel of the ellipse (up to 65,536 of them).
+/// Points along an arc, each rounded to a pixel, with chords that stay within an eighth of a pixel of the ellipse (up
+/// to 65,536 of them). Any stretch of it can be asked for, so that what lies far away need not be walked.
+class ArcChords
+{
+public:
+    explicit ArcChords(const EllipseArc& arc);
+
+    int Count() const { return m_count; } ///< of chords, at least 1
+    /// End of the chord `index`, 1 to Count(); 0 is the arc's start. Both ends of the arc are its own rounded points.
+    DevicePoint Point(int index) const;
+    /// The same, not rounded and not held within int32.
+    void RealPoint(int index, double& x, double& y) const;
+    /// No point of a stretch of `steps` chords is further from the line between its ends.
+    double Height(int steps) const;
+
+private:
+    const EllipseArc& m_arc;
+    double m_radiusX, m_radiusY;
+    double m_from, m_sweep; ///< angles of the circle that the ellipse is a scaled image of
+    int m_count;
+};
+
+/// Appends all of these points but the first.
 void FlattenArc(const EllipseArc& arc, std::vector<DevicePoint>& points);
 
 } // namespace gdi

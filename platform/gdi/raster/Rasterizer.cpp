@@ -2,6 +2,7 @@
 
 #include "gdi/raster/ArcSector.h"
 #include "gdi/raster/Capsule.h"
+#include "gdi/raster/ChordStretches.h"
 #include "gdi/raster/CosmeticArc.h"
 #include "gdi/raster/Dash.h"
 #include "gdi/raster/OnceWriter.h"
@@ -21,9 +22,31 @@ struct Rasterizer::Scratch
     std::vector<Span> spans;         // rows of one capsule
     std::vector<DevicePoint> points; // of a flattened arc
     DevicePath segment;              // a single dashed line
+    ChordStretches stretches;        // of a wide ellipse
+    PenReach reach;                  // of the wide stroke being drawn
+    bool covered = false;            // by that stroke: nothing is left to draw
 
+    void BeginWide(const Box& clip, int32_t width)
+    {
+        MakeRoom(clip);
+        reach = PenReach(clip, width);
+        covered = false;
+    }
+    void Cover(const Box& clip, PixelWriter& writer)
+    {
+        writer.Rectangle(clip);
+        covered = true;
+    }
     void Capsule(DevicePoint from, DevicePoint to, int32_t width, const Box& clip, PixelWriter& writer)
     {
+        // Rows of large discs cost a square root each: worth a look whether there is anything to find out.
+        if (width > RoundEnds::kLargest) {
+            const Reach reached = reach.Of(from.x, from.y, to.x, to.y, 0);
+            if (reached == Reach::Covers && !covered)
+                Cover(clip, writer);
+            if (reached != Reach::Cuts || covered)
+                return;
+        }
         writer.Spans(spans.data(), CapsuleSpans(from, to, width, ends, clip, spans.data()));
     }
     void MakeRoom(const Box& clip)
@@ -33,6 +56,7 @@ struct Rasterizer::Scratch
             spans.resize(rows);
     }
     void WideArc(const EllipseArc& arc, int32_t width, const Box& clip, PixelWriter& writer);
+    void WideEllipse(const EllipseArc& arc, int32_t width, const Box& clip, PixelWriter& writer);
     /// The ink's own writer, or where pieces of one stroke could undo each other, one that takes each pixel once.
     PixelWriter* WriterFor(const DevicePath& path, const Box& visible, InkWriter& ink)
     {
@@ -98,17 +122,24 @@ void Rasterizer::StrokeCosmetic(const DevicePath& path, const uint8_t* dash, con
 
 void Rasterizer::Scratch::WideArc(const EllipseArc& arc, int32_t width, const Box& clip, PixelWriter& writer)
 {
-    if (arc.radiusX2 == arc.radiusY2) {
+    if (covered)
+        return;
+    if (arc.radiusX2 == arc.radiusY2)
         DrawRingSector(arc, width, ends, clip, writer);
+    else
+        WideEllipse(arc, width, clip, writer);
+}
+
+void Rasterizer::Scratch::WideEllipse(const EllipseArc& arc, int32_t width, const Box& clip, PixelWriter& writer)
+{
+    const ArcChords chords(arc);
+    const size_t most = 512 + size_t(int64_t(clip.right) - clip.left + clip.bottom - clip.top) / 8;
+    if (stretches.Find(chords, reach, most) == Reach::Covers) {
+        Cover(clip, writer);
         return;
     }
-    points.clear();
-    FlattenArc(arc, points);
-    DevicePoint from = arc.start;
-    for (const DevicePoint to : points) {
-        Capsule(from, to, width, clip, writer);
-        from = to;
-    }
+    for (const ChordStretches::Stretch& stretch : stretches.Found())
+        Capsule(chords.Point(stretch.first), chords.Point(stretch.last), width, clip, writer);
 }
 
 void Rasterizer::StrokeWide(const DevicePath& path, int32_t width, const Ink& ink, const Surface& surface,
@@ -125,7 +156,7 @@ void Rasterizer::StrokeWide(const DevicePath& path, int32_t width, const Ink& in
     PixelWriter* writer = inkWriter.Get();
     if (!writer)
         return;
-    m_scratch->MakeRoom(visible);
+    m_scratch->BeginWide(visible, width);
     writer = m_scratch->WriterFor(path, visible, inkWriter);
     ForEachPiece(
         path, [] {}, [&](DevicePoint from, DevicePoint to) { m_scratch->Capsule(from, to, width, visible, *writer); },
@@ -160,7 +191,7 @@ void Rasterizer::StrokeSegment(DevicePoint from, DevicePoint to, int32_t width, 
         DrawCosmeticLine(from, to, visible, *writer);
         return;
     }
-    m_scratch->MakeRoom(visible);
+    m_scratch->BeginWide(visible, width);
     m_scratch->Capsule(from, to, width, visible, *writer);
 }
 
