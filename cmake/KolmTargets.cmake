@@ -9,6 +9,12 @@ function(kolm_own_flags target)
             -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
         target_link_options(${target} PRIVATE -fsanitize=address,undefined,float-cast-overflow)
     endif()
+    if(KOLM_BUILD_FUZZERS)
+        # Counters that steer the fuzzer, which the programs in fuzz/ alone bring along. A program that has none finds
+        # the sanitizer's empty ones.
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+        target_link_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
 endfunction()
 
 function(kolm_library_settings target)
