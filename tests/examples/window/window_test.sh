@@ -129,7 +129,15 @@ near "$per_x" "$per_y" 0.02
 fitted=$(scale)
 picture fitted
 copper=$(sed -nE '/"F.Cu"/,/colour/ s/.*"colour": "#([0-9A-F]{6})".*/\1/p' <<<"$("$viewer" "$board" --info)")
-[ "$(colour fitted 142.405 100.495)" = "$copper" ] || fail "pad C1.1 is not drawn in F.Cu's colour $copper"
+# A millimetre from the pad's middle is its edge. Just inside and just outside of it tell whether the place that the
+# cursor has on the board is the one that is drawn under it.
+for edge in '0.85 0' '-0.85 0' '0 0.85' '0 -0.85'; do
+    read -r dx dy <<<"$edge"
+    [ "$(colour fitted "$(calc "141.605 + $dx")" "$(calc "99.695 + $dy")")" = "$copper" ] ||
+        fail "at $edge pad C1.1 is not drawn in F.Cu's colour $copper"
+    [ "$(colour fitted "$(calc "141.605 + $dx * 1.35")" "$(calc "99.695 + $dy * 1.35")")" != "$copper" ] ||
+        fail "beyond $edge there is more than pad C1.1"
+done
 [ "$(colour fitted 121.000 91.000)" = 000000 ] || fail 'something is drawn outside of the board'
 
 step='zoom at a corner'
