@@ -38,13 +38,13 @@ public:
         slot = key;
         return isNew;
     }
-    bool Has(uint64_t key) const { return m_slots[SlotOf(key)] == key; }
+    bool Has(uint64_t key) const { return m_slots[SlotOf(key)] == key; } ///< whether it was inserted
 
 protected:
     /// One more than the largest number of a slot.
     INT_PTR GetSlotCount() const { return INT_PTR(m_mask) + 2; }
 
-    void SetKey(uint32_t slot, uint64_t key) { m_slots[slot] = key; }
+    void SetKey(uint32_t slot, uint64_t key) { m_slots[slot] = key; } ///< as SlotOf found it
 
     /// The number of the slot that holds the key, or of the empty one where it belongs.
     uint32_t SlotOf(uint64_t key) const
