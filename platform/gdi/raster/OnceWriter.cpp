@@ -45,6 +45,13 @@ void OnceWriter::PassFresh(const Span& span)
             fresh.right = static_cast<int32_t>(x + m_area.left);
             continue;
         }
+        if ((word & mask) == mask) { // inside of an earlier piece: wide pieces of a curve overlap nearly everywhere
+            if (fresh.left < fresh.right)
+                m_target->Spans(&fresh, 1);
+            x = wordEnd;
+            fresh.left = fresh.right = static_cast<int32_t>(x + m_area.left);
+            continue;
+        }
         for (; x < wordEnd; ++x) {
             const uint64_t bit = uint64_t(1) << (x & 63);
             const int32_t column = static_cast<int32_t>(x + m_area.left);
