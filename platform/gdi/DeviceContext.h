@@ -105,6 +105,29 @@ void FreeObject(Font& font);
 void FreeObject(Bitmap& bitmap);
 void FreeObject(Palette& palette);
 
+/// A new pen or brush; null when there is no room. Every field is set: a slot remembers its former object.
+inline Pen* NewPen(int style, int width, COLORREF color, bool extended)
+{
+    Pen* const pen = tables.pens.Create();
+    if (pen != nullptr) {
+        pen->style = style;
+        pen->width = width;
+        pen->color = color & 0xFFFFFF;
+        pen->extended = extended;
+    }
+    return pen;
+}
+inline Brush* NewBrush(UINT style, COLORREF color, int hatch)
+{
+    Brush* const brush = tables.brushes.Create();
+    if (brush != nullptr) {
+        brush->style = style;
+        brush->color = color & 0xFFFFFF;
+        brush->hatch = hatch;
+    }
+    return brush;
+}
+
 /// A reference less; the last one of a condemned object frees it.
 template <class T>
 void Release(T* object)

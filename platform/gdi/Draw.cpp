@@ -27,6 +27,9 @@ const uint8_t kHatches[6][8] = {
 /// The run lengths of a style; null for solid lines, PS_INSIDEFRAME and unknown styles.
 const uint8_t* DashOf(const Pen& pen)
 {
+    if ((pen.style & PS_STYLE_MASK) == PS_SOLID) { // nearly all
+        return nullptr;
+    }
     switch (pen.style & PS_STYLE_MASK) {
     case PS_DASH:
         return kDash;
@@ -83,6 +86,10 @@ void StrokeSegment(DeviceContext& dc, DevicePoint from, DevicePoint to)
     const Surface& surface = *dc.surface;
     const int32_t width = DevicePenWidth(dc);
     if (IsOutside(from, to, width / 2, surface) || IsHollow(*dc.pen)) {
+        return;
+    }
+    if (width == 1 && (dc.pen->style & PS_STYLE_MASK) == PS_SOLID && surface.bitsPerPixel == 32) {
+        DrawThinLine(from, to, SwapRedBlue(dc.pen->color), RasterOp(dc.rop), surface);
         return;
     }
     SharedRasterizer().StrokeSegment(from, to, width, DashOf(*dc.pen), SolidInk(dc, dc.pen->color), surface, dc.Clip());

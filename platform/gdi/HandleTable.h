@@ -58,13 +58,18 @@ public:
     /// The live object of a handle; null for anything else.
     T* Find(const void* handle) const
     {
-        // Drawing asks for the same device context again and again, and for the pen that it has just made. A free slot
-        // has the handle 0, which is nobody's.
-        const uint64_t bits = HandleBits(handle);
-        if (m_recent != nullptr && m_recent->handle == bits && bits != 0) {
-            return m_recent;
+        T* const recent = Recent(HandleBits(handle));
+        return recent != nullptr ? recent : FindOther(HandleBits(handle));
+    }
+
+    /// The same when it is the object made last or the one that was searched for last; null otherwise. Drawing asks for
+    /// the same device context and stock pen again and again, and for the pen that it has just made.
+    T* Recent(uint64_t bits) const
+    {
+        if (bits == m_foundBits) {
+            return m_found;
         }
-        return FindOther(bits);
+        return kind != Kind::Dc && bits == m_madeBits ? m_made : nullptr;
     }
 
     /// The handle names a slot that was in use once, whatever became of it.
@@ -89,7 +94,8 @@ public:
         object.condemned = object.stock = false;
         object.owner = nullptr;
         ++m_live;
-        m_recent = &object;
+        m_made = &object;
+        m_madeBits = object.handle;
         return &object;
     }
 
@@ -97,6 +103,14 @@ public:
     void Free(T& object)
     {
         const uint32_t slot = SlotOf(object.handle);
+        if (m_madeBits == object.handle) {
+            m_madeBits = kNobody;
+            m_made = nullptr; // also for a caller who makes up that very number
+        }
+        if (m_foundBits == object.handle) {
+            m_foundBits = kNobody;
+            m_found = nullptr;
+        }
         object.handle = 0;
         object.nextFree = m_firstFree;
         m_firstFree = slot;
@@ -134,9 +148,8 @@ private:
         if (object.handle != bits) {
             return nullptr;
         }
-        if (kind == Kind::Dc) { // stock pens selected back in between must not push out the one in use
-            m_recent = &object;
-        }
+        m_found = &object;
+        m_foundBits = bits;
         return &object;
     }
 
@@ -160,7 +173,12 @@ private:
     }
 
     T* m_chunks[kChunks] = {};
-    mutable T* m_recent = nullptr; ///< the slot used last, whatever became of it; slots never go
+    static constexpr uint64_t kNobody = ~uint64_t(0); ///< no kind has this number
+
+    T* m_made = nullptr; ///< the object given out last and the one searched for last, with their handles
+    mutable T* m_found = nullptr;
+    uint64_t m_madeBits = kNobody;
+    mutable uint64_t m_foundBits = kNobody;
     uint32_t m_used = 0;
     uint32_t m_firstFree = 0;
     uint32_t m_live = 0;

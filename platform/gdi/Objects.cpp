@@ -109,30 +109,10 @@ int DescribeBitmap(const Bitmap& bitmap, int size, void* out)
     return CopyRecord(record, size, out);
 }
 
-// Every field is set: a slot remembers its former object.
-HPEN NewPen(int style, int width, COLORREF color, bool extended)
+template <class Handle, class Object>
+Handle HandleOf(const Object* object)
 {
-    Pen* const pen = tables.pens.Create();
-    if (pen == nullptr) {
-        return nullptr;
-    }
-    pen->style = style;
-    pen->width = width;
-    pen->color = color & kColorBits;
-    pen->extended = extended;
-    return MakeHandle<HPEN>(*pen);
-}
-
-HBRUSH NewBrush(UINT style, COLORREF color, int hatch)
-{
-    Brush* const brush = tables.brushes.Create();
-    if (brush == nullptr) {
-        return nullptr;
-    }
-    brush->style = style;
-    brush->color = color & kColorBits;
-    brush->hatch = hatch;
-    return MakeHandle<HBRUSH>(*brush);
+    return object == nullptr ? nullptr : MakeHandle<Handle>(*object);
 }
 
 } // namespace
@@ -207,12 +187,14 @@ int GetObjectA(HGDIOBJ object, int size, LPVOID record)
 
 HPEN CreatePen(int style, int width, COLORREF color)
 {
-    return NewPen(style, width, color, false);
+    return HandleOf<HPEN>(NewPen(style, width, color, false));
 }
 
 HPEN CreatePenIndirect(const LOGPEN* record)
 {
-    return record == nullptr ? nullptr : NewPen(int(record->lopnStyle), record->lopnWidth.x, record->lopnColor, false);
+    return record == nullptr
+               ? nullptr
+               : HandleOf<HPEN>(NewPen(int(record->lopnStyle), record->lopnWidth.x, record->lopnColor, false));
 }
 
 HPEN ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD styleCount, const DWORD* styles)
@@ -224,17 +206,18 @@ HPEN ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD styleCo
     {
         return nullptr;
     }
-    return NewPen(int(style), int(width), brush->lbColor, true);
+    return HandleOf<HPEN>(NewPen(int(style), int(width), brush->lbColor, true));
 }
 
 HBRUSH CreateSolidBrush(COLORREF color)
 {
-    return NewBrush(BS_SOLID, color, 0);
+    return HandleOf<HBRUSH>(NewBrush(BS_SOLID, color, 0));
 }
 
 HBRUSH CreateHatchBrush(int hatch, COLORREF color)
 {
-    return hatch < HS_HORIZONTAL || hatch > HS_DIAGCROSS ? nullptr : NewBrush(BS_HATCHED, color, hatch);
+    return hatch < HS_HORIZONTAL || hatch > HS_DIAGCROSS ? nullptr
+                                                         : HandleOf<HBRUSH>(NewBrush(BS_HATCHED, color, hatch));
 }
 
 HBRUSH CreateBrushIndirect(const LOGBRUSH* record)
@@ -247,7 +230,7 @@ HBRUSH CreateBrushIndirect(const LOGBRUSH* record)
         return record->lbHatch > ULONG_PTR(HS_DIAGCROSS) ? nullptr
                                                          : CreateHatchBrush(int(record->lbHatch), record->lbColor);
     }
-    return NewBrush(record->lbStyle, record->lbColor, 0);
+    return HandleOf<HBRUSH>(NewBrush(record->lbStyle, record->lbColor, 0));
 }
 
 HFONT CreateFontIndirectA(const LOGFONTA* record)

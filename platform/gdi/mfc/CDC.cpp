@@ -26,19 +26,23 @@ __attribute__((noinline)) Wrapper* SelectWrapped(HDC dc, Object* DeviceContext::
     return ::SelectObject(dc, next->m_hObject) != nullptr ? static_cast<Wrapper*>(former) : nullptr;
 }
 
-/// The same for pens and brushes, which strokes and fills select one each: nothing is looked up twice.
+/// The same for pens and brushes, which strokes and fills select one each. The usual case has nothing to search for.
 template <class Wrapper, class Object, Kind kind>
 Wrapper* SelectTool(HDC dc, Object* DeviceContext::*selected, const HandlePool<Object, kind>& pool,
                     const CGdiObject* next)
 {
-    DeviceContext* const context = FindDc(dc);
-    Object* const object = next != nullptr ? pool.Find(next->m_hObject) : nullptr;
-    if (context == nullptr || object == nullptr || context->trace != nullptr) {
-        return SelectWrapped<Wrapper>(dc, selected, next);
+    DeviceContext* const context = tables.dcs.Recent(HandleBits(dc));
+    Object* const object = next != nullptr ? pool.Recent(HandleBits(next->m_hObject)) : nullptr;
+    if (context != nullptr && object != nullptr && context->trace == nullptr) {
+        Object* const former = context->*selected;
+        if (!former->condemned && (former->owner != nullptr || former->temporary != nullptr)) {
+            ++object->references;
+            --former->references;
+            context->*selected = object;
+            return static_cast<Wrapper*>(WrapperOf(*former));
+        }
     }
-    CGdiObject* const former = WrapperOf(*(context->*selected));
-    Exchange(context->*selected, object);
-    return static_cast<Wrapper*>(former);
+    return SelectWrapped<Wrapper>(dc, selected, next);
 }
 
 template <class Wrapper>

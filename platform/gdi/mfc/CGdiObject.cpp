@@ -64,6 +64,21 @@ CGdiObject* TemporaryOf(HGDIOBJ object)
     }
 }
 
+/// Attaches a new object.
+template <class Object>
+BOOL Own(Object* object, CGdiObject& wrapper)
+{
+    if (object == nullptr) {
+        return FALSE;
+    }
+    if (wrapper.m_hObject != nullptr) {
+        return wrapper.Attach(MakeHandle<HGDIOBJ>(*object));
+    }
+    wrapper.m_hObject = MakeHandle<HGDIOBJ>(*object);
+    object->owner = &wrapper;
+    return TRUE;
+}
+
 template <class Object>
 void EndOwned(Object* object, const CGdiObject& wrapper)
 {
@@ -136,6 +151,16 @@ CGdiObject* CGdiObject::FromHandle(HGDIOBJ object)
 {
     Slot* const slot = FindObject(object);
     return slot != nullptr ? WrapperOf(*slot) : TemporaryOf(object);
+}
+
+BOOL CPen::CreatePen(int style, int width, COLORREF color)
+{
+    return Own(NewPen(style, width, color, false), *this);
+}
+
+BOOL CBrush::CreateSolidBrush(COLORREF color)
+{
+    return Own(NewBrush(BS_SOLID, color, 0), *this);
 }
 
 BOOL CBitmap::CreateCompatibleBitmap(CDC* dc, int width, int height)

@@ -42,7 +42,7 @@ public:
     {
         CreatePen(style, width, brush, styleCount, styles);
     }
-    BOOL CreatePen(int style, int width, COLORREF color) { return Attach(::CreatePen(style, width, color)); }
+    BOOL CreatePen(int style, int width, COLORREF color);
     BOOL CreatePen(int style, int width, const LOGBRUSH* brush, int styleCount = 0, const DWORD* styles = nullptr)
     {
         return Attach(::ExtCreatePen(DWORD(style), DWORD(width), brush, DWORD(styleCount), styles));
@@ -57,7 +57,7 @@ public:
     CBrush() = default;
     explicit CBrush(COLORREF color) { CreateSolidBrush(color); }
     CBrush(int hatch, COLORREF color) { CreateHatchBrush(hatch, color); }
-    BOOL CreateSolidBrush(COLORREF color) { return Attach(::CreateSolidBrush(color)); }
+    BOOL CreateSolidBrush(COLORREF color);
     BOOL CreateHatchBrush(int hatch, COLORREF color) { return Attach(::CreateHatchBrush(hatch, color)); }
     operator HBRUSH() const { return static_cast<HBRUSH>(m_hObject); }
     static CBrush* FromHandle(HBRUSH brush) { return static_cast<CBrush*>(CGdiObject::FromHandle(brush)); }

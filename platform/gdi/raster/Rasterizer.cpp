@@ -163,6 +163,23 @@ void Rasterizer::StrokeWide(const DevicePath& path, int32_t width, const Ink& in
         [&](const EllipseArc& arc) { m_scratch->WideArc(arc, width, visible, *writer); });
 }
 
+void DrawThinLine(DevicePoint from, DevicePoint to, uint32_t pixel, RasterOp op, const Surface& surface)
+{
+    const Box clip = {0, 0, surface.width, surface.height};
+    const Ink ink = {pixel, op, nullptr, false, 0};
+    uint32_t value;
+    switch (SolidFormOf(ink, surface, value)) {
+    case SolidForm::None:
+        break;
+    case SolidForm::Store:
+        DrawCosmeticLine(from, to, clip, SolidSink<StoreFormat>({surface.bits, surface.stride, value}));
+        break;
+    case SolidForm::Toggle:
+        DrawCosmeticLine(from, to, clip, SolidSink<XorFormat>({surface.bits, surface.stride, value}));
+        break;
+    }
+}
+
 void Rasterizer::StrokeSegment(DevicePoint from, DevicePoint to, int32_t width, const uint8_t* dash, const Ink& ink,
                                const Surface& surface, const Box& clip)
 {
@@ -171,16 +188,6 @@ void Rasterizer::StrokeSegment(DevicePoint from, DevicePoint to, int32_t width, 
         m_scratch->segment.Clear();
         m_scratch->segment.Segment(from, to);
         StrokeCosmetic(m_scratch->segment, dash, ink, surface, visible);
-        return;
-    }
-    uint32_t value;
-    const SolidForm form = width < 2 ? SolidFormOf(ink, surface, value) : SolidForm::None;
-    if (form == SolidForm::Store) {
-        DrawCosmeticLine(from, to, visible, SolidSink<StoreFormat>({surface.bits, surface.stride, value}));
-        return;
-    }
-    if (form == SolidForm::Toggle) {
-        DrawCosmeticLine(from, to, visible, SolidSink<XorFormat>({surface.bits, surface.stride, value}));
         return;
     }
     InkWriter inkWriter(ink, surface);

@@ -57,4 +57,7 @@ private:
     std::unique_ptr<Scratch> m_scratch;
 };
 
+/// What Rasterizer::StrokeSegment draws for the most frequent stroke: solid, one pixel wide, on a surface of 32 bits.
+void DrawThinLine(DevicePoint from, DevicePoint to, uint32_t pixel, RasterOp op, const Surface& surface);
+
 } // namespace gdi
