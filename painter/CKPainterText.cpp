@@ -139,8 +139,8 @@ CRect GetPartToDraw(HDC target, SIZE extent, KPoint corner)
     CRect part;
     part.left = std::max(0, SaturatedDifference(visible.left, corner.x));
     part.top = std::max(0, SaturatedDifference(visible.top, corner.y));
-    part.right = std::min(extent.cx, SaturatedDifference(visible.right, corner.x));
-    part.bottom = std::min(extent.cy, SaturatedDifference(visible.bottom, corner.y));
+    part.right = std::min<int>(extent.cx, SaturatedDifference(visible.right, corner.x));
+    part.bottom = std::min<int>(extent.cy, SaturatedDifference(visible.bottom, corner.y));
     return part;
 }
 
