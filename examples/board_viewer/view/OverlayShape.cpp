@@ -2,6 +2,7 @@
 
 #include "Turning.h"
 
+#include "foundation/CKRectD.h"
 #include "painter/CKPainter.h"
 
 #include <algorithm>
@@ -59,13 +60,18 @@ Polygon PointsOfArc(const Figure& arc)
     return points;
 }
 
+CKRectD BoxOf(const Polygon& polygon)
+{
+    CKRectD box;
+    for (const KPointD& point : polygon)
+        box.MergePoint(point.x, point.y);
+    return box;
+}
+
 bool IsThin(const Polygon& polygon, double thinnest)
 {
-    const auto isLeft = [](KPointD a, KPointD b) { return a.x < b.x; };
-    const auto isBelow = [](KPointD a, KPointD b) { return a.y < b.y; };
-    const auto [left, right] = std::minmax_element(polygon.begin(), polygon.end(), isLeft);
-    const auto [low, high] = std::minmax_element(polygon.begin(), polygon.end(), isBelow);
-    return right->x - left->x < thinnest || high->y - low->y < thinnest;
+    const CKRectD box = BoxOf(polygon);
+    return box.GetWidth() < thinnest || box.GetHeight() < thinnest;
 }
 
 /// Adds the polygons that cover a figure's ink, strokes at least as wide as `thinnest`.
@@ -109,12 +115,16 @@ OverlayShape::OverlayShape(const std::vector<const Figure*>& shown, Colour colou
 void OverlayShape::DrawNoWorldTransform(CKPainter* painter, CDC* dc, unsigned long colour)
 {
     const double thinnest = painter->GetLogicalRateFromPhysicalRate(kThinnest);
+    const CKRectD visible(painter->GetLogicalScreenLeft(), painter->GetLogicalScreenRight(),
+                          painter->GetLogicalScreenBottom(), painter->GetLogicalScreenTop());
     std::vector<Polygon> polygons;
     for (const Figure& figure : figures)
         AppendPolygons(figure, thinnest, polygons);
 
     dc->BeginPath();
     for (const Polygon& polygon : polygons) {
+        if (!BoxOf(polygon).IsIntersect(visible))
+            continue;
         for (size_t i = 0; i < polygon.size(); ++i) {
             const KPoint pixel = painter->GetTranslatedPhysicalCoord(polygon[i].x, polygon[i].y);
             if (i == 0)

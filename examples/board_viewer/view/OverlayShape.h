@@ -20,7 +20,7 @@ public:
     OverlayShape(const std::vector<const Figure*>& figures, Colour colour);
 
     CKGeom* clone() const override { return new OverlayShape(*this); }
-    /// Figures outside of the painter's visible rectangle are left out.
+    /// What is outside of the painter's visible rectangle is left out.
     void DrawNoWorldTransform(CKPainter* painter, CDC* dc, unsigned long colour) override;
 
 private:
