@@ -133,7 +133,7 @@ private:
     void LayersChanged();
     bool IsVisible(const BoardElement& element) const;
     void MakeHighlights();
-    std::vector<BoardElement*> ElementsOf(const FoundItem& item) const;
+    std::vector<BoardElement*> ElementsOf(const std::vector<FoundItem>& found) const;
     void BringIntoView(const std::vector<BoardElement*>& elements, KPointD position);
     void Invalidate();
     bool CopyPixels(CDC* source, CBitmap& bitmap);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <unordered_set>
 
 // What is picked, measured and found in a view, and the texts about it.
 
@@ -123,16 +124,19 @@ const std::vector<FoundItem>& BoardView::Find(const std::string& pattern)
     return matches;
 }
 
-std::vector<BoardElement*> BoardView::ElementsOf(const FoundItem& found) const
+std::vector<BoardElement*> BoardView::ElementsOf(const std::vector<FoundItem>& found) const
 {
-    const auto belongs = [&](const BoardElement& element) {
-        if (found.item.kind == NamedItem::Kind::Net)
-            return element.net == found.item.net;
-        return element.owner && element.owner->number == found.number;
-    };
+    std::unordered_set<int> nets, footprints;
+    for (const FoundItem& each : found) {
+        if (each.item.kind == NamedItem::Kind::Net)
+            nets.insert(each.item.net);
+        else
+            footprints.insert(each.number);
+    }
     std::vector<BoardElement*> elements;
     for (const auto& element : scene.board.elements) {
-        if (belongs(*element))
+        const bool isOfFootprint = element->owner && footprints.count(element->owner->number) != 0;
+        if (isOfFootprint || nets.count(element->net) != 0)
             elements.push_back(element.get());
     }
     return elements;
@@ -143,7 +147,7 @@ bool BoardView::ShowMatch(int match)
     if (match < 0 || size_t(match) >= matches.size())
         return false;
     const FoundItem& found = matches[size_t(match)];
-    const std::vector<BoardElement*> elements = ElementsOf(found);
+    const std::vector<BoardElement*> elements = ElementsOf({found});
     if (!found.position || !EnsureView())
         return false;
     BringIntoView(elements, *found.position);
@@ -191,11 +195,7 @@ void BoardView::DimOthers(bool dim)
 /// The shapes of the matches' elements, one layer of them for each visible layer of the board.
 void BoardView::MakeHighlights()
 {
-    std::vector<BoardElement*> bright;
-    for (const FoundItem& found : matches) {
-        const std::vector<BoardElement*> elements = ElementsOf(found);
-        bright.insert(bright.end(), elements.begin(), elements.end());
-    }
+    const std::vector<BoardElement*> bright = ElementsOf(matches);
     for (const ShownLayer& shown : layers.Shown(IsFromBack())) {
         const int bit = file->board ? file->board->layers.Find(shown.layer->name) : -1;
         auto highlight = std::make_unique<PictureLayer>();
