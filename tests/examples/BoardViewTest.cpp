@@ -310,7 +310,9 @@ TEST(BoardViewFind, FindsAsOneTypesAndBringsIntoView)
     board.view.Find("/CLK");
     ASSERT_TRUE(board.view.ShowMatch(0));
     EXPECT_EQ(board.view.PickText(), "net /CLK, 2 elements");
+    EXPECT_NEAR(board.At(30.5, 20).x - board.At(9.5, 10).x, 0.9 * 401, 2) << "larger than what was shown: all of it";
     board.view.Find("GND");
+    EXPECT_EQ(board.view.PickText(), "") << "the former match";
     ASSERT_EQ(board.view.Matches().size(), 1u);
     EXPECT_FALSE(board.view.ShowMatch(0)) << "nowhere on the board";
     for (int wrong : {-1, 1, INT_MAX})

@@ -95,7 +95,7 @@ public:
     // ---- Searching
 
     /// Searches as FindItems does and keeps the matches. An empty or blank pattern matches nothing. Nothing is picked
-    /// yet.
+    /// yet, and a former match is picked no longer.
     const std::vector<FoundItem>& Find(const std::string& pattern);
     const std::vector<FoundItem>& Matches() const { return matches; }
     /// Brings the match into view and picks all that belongs to it. False for a number outside of the matches and for a

@@ -20,6 +20,7 @@ constexpr Colour kPickColour = 0xC0C0C0;
 constexpr Colour kMeasureColour = 0xC0C0C0;
 
 constexpr double kMatchShare = 0.4; ///< of the window, which a match fills that has to be brought nearer
+constexpr double kWholeShare = 0.9; ///< and one that is larger than the window, so that it is shown as large as can be
 constexpr int kSmallestMatch = 24;  ///< pixels; smaller ones are brought nearer
 
 std::vector<const Figure*> InkOf(const std::vector<BoardElement*>& elements)
@@ -117,6 +118,8 @@ bool BoardView::IsVisible(const BoardElement& element) const
 
 const std::vector<FoundItem>& BoardView::Find(const std::string& pattern)
 {
+    if (!first.Current())
+        ClearPick(); // a former match
     const bool blank = pattern.find_first_not_of(' ') == std::string::npos;
     matches = blank || !file->board ? std::vector<FoundItem>() : FindItems(*file->board, pattern);
     if (othersDimmed)
@@ -180,7 +183,7 @@ void BoardView::BringIntoView(const std::vector<BoardElement*>& elements, KPoint
         painter->SetLogicalCenter(x, middle.y);
     else
         painter->ZoomArea(width, height, x, middle.y, std::max(box.GetWidth(), kSmallestSide),
-                          std::max(box.GetHeight(), kSmallestSide), kMatchShare);
+                          std::max(box.GetHeight(), kSmallestSide), large ? kWholeShare : kMatchShare);
     EnsureView();
     Invalidate();
 }
