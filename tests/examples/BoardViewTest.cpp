@@ -210,6 +210,20 @@ TEST(BoardViewMeasure, TellsTheClearanceOfTwoPads)
     EXPECT_FALSE(board.view.Measured()) << "an element has no clearance to itself";
 }
 
+/// Tracks that cross on two layers have no distance in the plane, which is no short.
+TEST(BoardViewMeasure, TellsElementsThatShareNoLayer)
+{
+    ItemsView board(TrackItem(5, 10, 15, 10, "F.Cu") + TrackItem(10, 5, 10, 15, "B.Cu") +
+                    "(via (at 30 10) (size 2) (drill 1) (layers \"F.Cu\" \"B.Cu\") (net 1))");
+    board.view.Pick(board.At(6, 10));
+    board.view.PickSecond(board.At(10, 6));
+    EXPECT_EQ(board.view.MeasureText().rfind("clearance 0.0000 mm from ", 0), 0u);
+    const std::string note = ", no copper layer in common";
+    EXPECT_NE(board.view.MeasureText().find(note), std::string::npos);
+    board.view.PickSecond(board.At(30, 10));
+    EXPECT_EQ(board.view.MeasureText(), "clearance 13.7500 mm from 15.2500, 10.0000 to 29.0000, 10.0000");
+}
+
 /// Pads of a board at (10, 10) and beside it, with what geometry says of them.
 TEST(BoardViewMeasure, EdgeToEdgeByHandGeometry)
 {

@@ -113,7 +113,8 @@ public:
     std::string ScaleText();  ///< "scale 250 %", of the board's true size
     std::string PickText();   ///< what is picked, or what is measured; empty when nothing is
     std::string StatusText(); ///< the three of them
-    /// The measurement for other programs: clearance and both points. Empty while nothing is measured.
+    /// The measurement for other programs: clearance, both points, and whether the two are on different layers, where
+    /// the clearance in the plane separates nothing. Empty while nothing is measured.
     std::string MeasureText();
     /// Puts a copy of what the window shows on the library's clipboard. False where there is nothing to show, or the
     /// clipboard refuses.

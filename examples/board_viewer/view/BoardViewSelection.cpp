@@ -247,7 +247,7 @@ std::string BoardView::ScaleText()
 std::string BoardView::PickText()
 {
     if (gap)
-        return GapText(*gap);
+        return MeasureText();
     if (const BoardElement* const element = first.Current())
         return ElementText(*file->board, *element);
     const size_t count = first.Picked().size();
@@ -266,7 +266,10 @@ std::string BoardView::StatusText()
 
 std::string BoardView::MeasureText()
 {
-    return gap ? GapText(*gap) : std::string();
+    if (!gap)
+        return {};
+    const bool meet = (first.Current()->layers & second.Current()->layers & file->board->layers.Copper()) != 0;
+    return GapText(*gap) + (meet ? "" : ", no copper layer in common");
 }
 
 } // namespace viewer
