@@ -44,10 +44,10 @@ public:
         m_picked = true;
         m_picker = picker;
     }
-    int IsPicked() { return m_picked ? 1 : 0; } ///< 1 when picked, else 0
 
     /// @{
-    /// Colours and picker as they are. Setting them changes no picked state.
+    /// Picked state, 1 or 0, colours and picker as they are. Setting a colour or the picker changes no picked state.
+    int IsPicked() { return m_picked ? 1 : 0; }
     void SetPickedColor(unsigned long color) { m_pickedColor = static_cast<COLORREF>(color); }
     COLORREF GetPickedColor() { return m_pickedColor; }
     void SetPicker(int picker) { m_picker = picker; }
@@ -56,9 +56,11 @@ public:
     COLORREF GetColor() const { return m_color; }
     COLORREF GetColor() { return m_color; }
     /// @}
-    /// A hidden entity is not drawn by the painter.
+    /// @{
+    /// A hidden entity, 1, is not drawn by the painter.
     void SetHidden(bool hidden) { m_hidden = hidden; }
-    int IsHidden() { return m_hidden ? 1 : 0; } ///< 1 when hidden, else 0
+    int IsHidden() { return m_hidden ? 1 : 0; }
+    /// @}
 
     /// Sets the edges of the area, in logical millimetres, and marks it initialized.
     void SetRectangleArea(double left, double right, double bottom, double top)

@@ -10,8 +10,11 @@ class KOLM_API CArrayArrayPointD : public CArray<CArrayPointD, const CArrayPoint
 {
 public:
     CArrayArrayPointD();
-    CArrayArrayPointD(const CArrayArrayPointD& other);            ///< holds copies of the elements
-    CArrayArrayPointD& operator=(const CArrayArrayPointD& other); ///< the same, instead of what it held
+    /// @{
+    /// A copy holds copies of the elements.
+    CArrayArrayPointD(const CArrayArrayPointD& other);
+    CArrayArrayPointD& operator=(const CArrayArrayPointD& other);
+    /// @}
     /// A new copy that the caller deletes.
     virtual CArrayArrayPointD* clone() const;
 };

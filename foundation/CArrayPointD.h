@@ -12,8 +12,11 @@ class KOLM_API CArrayPointD : public CArray<CPointD, const CPointD&>
 {
 public:
     CArrayPointD();
-    CArrayPointD(const CArrayPointD& other);            ///< holds copies of the elements
-    CArrayPointD& operator=(const CArrayPointD& other); ///< the same, instead of what it held
+    /// @{
+    /// A copy holds copies of the elements.
+    CArrayPointD(const CArrayPointD& other);
+    CArrayPointD& operator=(const CArrayPointD& other);
+    /// @}
     /// A new copy that the caller deletes.
     virtual CArrayPointD* clone() const;
 };

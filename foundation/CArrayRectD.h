@@ -13,8 +13,11 @@ class KOLM_API CArrayRectD : public CArray<CRectD*, CRectD*>
 {
 public:
     CArrayRectD();
-    CArrayRectD(const CArrayRectD& other);            ///< holds the same pointers
-    CArrayRectD& operator=(const CArrayRectD& other); ///< the same, instead of what it held
+    /// @{
+    /// A copy holds the same pointers.
+    CArrayRectD(const CArrayRectD& other);
+    CArrayRectD& operator=(const CArrayRectD& other);
+    /// @}
     /// A new list of the same pointers that the caller deletes.
     virtual CArrayRectD* clone() const;
 

@@ -7,12 +7,10 @@
 class KOLM_API CKPoint
 {
 public:
-    CKPoint(int x = 0, int y = 0) : m_x(x), m_y(y) {} ///< both coordinates
-    /// The coordinates of the other.
-    CKPoint(const CKPoint& other) : m_x(other.m_x), m_y(other.m_y) {}
-
     /// @{
-    /// The coordinates as they are.
+    /// Every coordinate is taken and given as it is.
+    CKPoint(int x = 0, int y = 0) : m_x(x), m_y(y) {}
+    CKPoint(const CKPoint& other) : m_x(other.m_x), m_y(other.m_y) {}
     int GetX() { return m_x; }
     int GetY() { return m_y; }
     void SetX(int x) { m_x = x; }
@@ -26,7 +24,8 @@ public:
 
     /// A new point with these coordinates that the caller deletes.
     virtual CKPoint* clone() const;
-    virtual CKPoint& operator=(const CKPoint& other); ///< takes the coordinates over
+    /// Takes the coordinates over.
+    virtual CKPoint& operator=(const CKPoint& other);
     /// 1 when both coordinates are equal, else 0.
     virtual int operator==(CKPoint& other);
 

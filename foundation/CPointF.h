@@ -10,11 +10,12 @@ class KOLM_API CPointF
 {
 public:
     CPointF() = default;
-    /// Copies the coordinates.
-    CPointF(const CPointF& other) = default;
     virtual ~CPointF();
-    /// Takes the coordinates over.
+    /// @{
+    /// Plain copies.
+    CPointF(const CPointF& other) = default;
     CPointF& operator=(const CPointF& other) = default;
+    /// @}
 
     /// 1 for the same object, NaNs included, or when both coordinates are exactly equal.
     virtual int operator==(const CPointF& other) const;

@@ -9,9 +9,13 @@ class KOLM_API CRectD
 public:
     /// All four numbers 0.
     CRectD() = default;
-    CRectD(double left, double top, double width, double height); ///< the sizes may be negative
-    CRectD(const CRectD& other) = default;                        ///< all four numbers
-    CRectD& operator=(const CRectD& other) = default;             ///< all four numbers
+    /// The sizes may be negative.
+    CRectD(double left, double top, double width, double height);
+    /// @{
+    /// Plain copies.
+    CRectD(const CRectD& other) = default;
+    CRectD& operator=(const CRectD& other) = default;
+    /// @}
 
     /// A new copy that the caller deletes.
     virtual CRectD* clone() const;

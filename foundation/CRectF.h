@@ -12,9 +12,12 @@ class KOLM_API CRectF
 {
 public:
     CRectF() = default;
-    CRectF(const CRectF& other) = default; ///< all four numbers
     virtual ~CRectF();
-    CRectF& operator=(const CRectF& other) = default; ///< all four numbers
+    /// @{
+    /// Plain copies.
+    CRectF(const CRectF& other) = default;
+    CRectF& operator=(const CRectF& other) = default;
+    /// @}
     /// Takes over each number rounded to the nearest float; beyond the range of float it becomes infinite.
     CRectF& operator=(const CRectD& other);
 

@@ -9,7 +9,7 @@ struct KPoint
     int y; ///< downward in device pixels
 };
 
-/// A point in logical millimetres, y upward.
+/// A point in logical millimetres.
 struct KPointD
 {
     double x; ///< to the right
@@ -23,11 +23,14 @@ struct KPointF
     float y; ///< upward
 };
 
-/// Two points in logical millimetres: the first is (x1, y1), the second (x2, y2).
+/// Two points in logical millimetres, y upward.
 struct KTwoPointD
 {
-    double x1; ///< of the first point
-    double y1; ///< of the first point
-    double x2; ///< of the second point
-    double y2; ///< of the second point
+    /// @{
+    /// The first point, then the second.
+    double x1;
+    double y1;
+    double x2;
+    double y2;
+    /// @}
 };

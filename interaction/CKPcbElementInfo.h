@@ -10,17 +10,18 @@ class CKEntity;
 /// that was hit (child), with an optional further object and a point of the host's choice.
 ///
 /// The record only refers to these objects. It never changes or frees them, and whoever keeps a record keeps the
-/// objects alive for as long as it is asked about them. Copies refer to the same objects.
+/// objects alive for as long as it is asked about them.
 class KOLM_API CKPcbElementInfo
 {
 public:
     CKPcbElementInfo() = default; ///< refers to nothing, peeking point (0, 0)
     /// Either may be null; peeking point (0, 0).
     CKPcbElementInfo(CKEntity* parent, CKEntity* child) : m_parent(parent), m_child(child) {}
-    /// Refers to the same objects; likewise assignment.
-    CKPcbElementInfo(const CKPcbElementInfo& other) = default;
+    /// @{
     /// Refers to the same objects.
+    CKPcbElementInfo(const CKPcbElementInfo& other) = default;
     CKPcbElementInfo& operator=(const CKPcbElementInfo& other) = default;
+    /// @}
 
     // The virtual operations, in the order of their slots.
 

@@ -133,8 +133,8 @@ public:
     int GetPhysicalCenterX() { return m_physicalCenterX; }
     int GetPhysicalCenterY() { return m_physicalCenterY; }
     void SetPhysicalCenter(int x, int y);
+    void InitPhysicalCenter() { SetPhysicalCenter(0, 0); }
     /// @}
-    void InitPhysicalCenter() { SetPhysicalCenter(0, 0); } ///< (0, 0)
     /// @{
     /// The visible rectangle in board millimetres, as of the last fit, frame or UpdateLogicalScreenSide.
     double GetLogicalScreenLeft() { return m_screenLeft; }
@@ -144,24 +144,35 @@ public:
     /// @}
     int IsBoardMirrorX() { return m_boardMirror; } ///< non-zero: the board is shown mirrored about the y axis
     void SetBoardMirrorX(int mirror) { m_boardMirror = mirror; } ///< the centre stays: negate its x to stay at a place
-    int IsSimpleDraw() { return m_simpleDraw; }                  ///< 1 while the host pans; a hint for drawing code
-    void EnableSimpleDraw() { m_simpleDraw = 1; }                ///< sets it
-    void DisableSimpleDraw() { m_simpleDraw = 0; }               ///< takes it back
-    int IsRedraw() { return m_redraw; }                          ///< the host's own flag
-    void SetRedraw() { m_redraw = 1; }                           ///< sets it
-    void ReleaseRedraw() { m_redraw = 0; }                       ///< takes it back
+    /// @{
+    /// 1 while the host pans; a hint for drawing code.
+    int IsSimpleDraw() { return m_simpleDraw; }
+    void EnableSimpleDraw() { m_simpleDraw = 1; }
+    void DisableSimpleDraw() { m_simpleDraw = 0; }
+    /// @}
+    /// @{
+    /// A flag of the host's own, 1 or 0.
+    int IsRedraw() { return m_redraw; }
+    void SetRedraw() { m_redraw = 1; }
+    void ReleaseRedraw() { m_redraw = 0; }
+    /// @}
     int IsFinishDraw() { return m_finishDraw; } ///< 0 while a frame or a capture of the view is composed, 1 afterwards
-    int GetCaptureMode() { return m_captureMode; } ///< 0 at first
-    /// 0: captures are compatible with the window, 1: monochrome, any other value: no bitmap is made.
+    /// @{
+    /// 0, as at first: captures are compatible with the window; 1: monochrome; any other value: no bitmap is made.
+    int GetCaptureMode() { return m_captureMode; }
     void SetCaptureMode(int mode) { m_captureMode = mode; }
+    /// @}
 
     // The saved frame. The setters only store the pointer and the painter owns the new object from then on. The object
     // stored before is not deleted: it goes back to the caller, unless a copy of this painter still holds it.
 
-    CDC* GetSavedDC() { return m_savedDC; }             ///< null before the first frame
-    void SetSavedDC(CDC* dc) { m_savedDC = dc; }        ///< null for none
-    CBitmap* GetSavedBitmap() { return m_savedBitmap; } ///< the bitmap selected into the saved device context
-    void SetSavedBitmap(CBitmap* bitmap) { m_savedBitmap = bitmap; } ///< null for none
+    /// @{
+    /// The saved device context and the bitmap selected into it; null without a frame.
+    CDC* GetSavedDC() { return m_savedDC; }
+    void SetSavedDC(CDC* dc) { m_savedDC = dc; }
+    CBitmap* GetSavedBitmap() { return m_savedBitmap; }
+    void SetSavedBitmap(CBitmap* bitmap) { m_savedBitmap = bitmap; }
+    /// @}
     /// @{
     /// The viewport of the last DrawView: what the saved frame shows.
     double GetSavedDCScale() { return m_savedScale; }
@@ -178,9 +189,11 @@ public:
     void SetSavedDCLogicalScreenBottom(double bottom) { m_savedBottom = bottom; }
     /// @}
 
-    /// Behind frames, captures and pixel-copied transparent texts.
+    /// @{
+    /// Behind frames, captures and pixel-copied transparent texts; black at first.
     COLORREF GetBackgroundColorForTransparent() { return m_backgroundTransparent; }
-    void SetBackgroundColorForTransparent(COLORREF color) { m_backgroundTransparent = color; } ///< black at first
+    void SetBackgroundColorForTransparent(COLORREF color) { m_backgroundTransparent = color; }
+    /// @}
     /// @{
     /// Behind opaque texts; 1, which is nearly black, at first.
     COLORREF GetBackgroundColorForReplacement() { return m_backgroundReplacement; }

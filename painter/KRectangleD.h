@@ -4,8 +4,11 @@
 /// the point of the board itself, never negated for a mirrored view. Plain record; hosts fill it in this order.
 struct KRectangleD
 {
-    double width;   ///< in millimetres, as all four
-    double height;  ///< 0 takes the value of the width, and the other way round
-    double centerX; ///< of the middle
-    double centerY; ///< upward
+    double width;  ///< 0 takes the value of the height
+    double height; ///< 0 takes the value of the width
+    /// @{
+    /// The middle.
+    double centerX;
+    double centerY;
+    /// @}
 };

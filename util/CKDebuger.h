@@ -11,16 +11,17 @@
 /// Timers are numbered from 1. Times are milliseconds of the process clock, kept as 32-bit numbers that wrap around
 /// after 24.8 days; differences stay right across the wrap. A timer number above the number of timers is ignored and
 /// gives 0. Numbers of 0 and below give 0 where time is read since the last start, and raise the invalid-argument
-/// exception elsewhere. Copies measure on their own from the same readings.
+/// exception elsewhere.
 class KOLM_API CKDebuger
 {
 public:
     CKDebuger();               ///< one timer, started
     explicit CKDebuger(int n); ///< see InitTimes
-    /// Copies the readings; see above.
+    /// @{
+    /// Takes over the number of timers and their readings, and measures on its own from there.
     CKDebuger(const CKDebuger& other);
-    /// Takes the readings over, and the number of timers.
     CKDebuger& operator=(const CKDebuger& other);
+    /// @}
     ~CKDebuger() = default;
 
     /// Replaces all timers by n new ones, started now in turn with a total of 0. For n below 1 there are none.
