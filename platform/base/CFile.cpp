@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -28,10 +29,9 @@ int SystemFlags(UINT openFlags)
 CFile::CFile(LPCTSTR path, UINT openFlags)
 {
     // Made before it is needed, so that one object serves both as the report of Open and as what is thrown.
-    CFileException* error = new CFileException;
-    if (!CFile::Open(path, openFlags, error))
-        throw error;
-    error->Delete();
+    auto error = std::make_unique<CFileException>();
+    if (!CFile::Open(path, openFlags, error.get()))
+        throw error.release();
 }
 
 CFile::~CFile()

@@ -4,15 +4,15 @@
 
 #include <cerrno>
 #include <cstring>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
 CStdioFile::CStdioFile(LPCTSTR path, UINT openFlags)
 {
-    CFileException* error = new CFileException;
-    if (!CStdioFile::Open(path, openFlags, error))
-        throw error;
-    error->Delete();
+    auto error = std::make_unique<CFileException>();
+    if (!CStdioFile::Open(path, openFlags, error.get()))
+        throw error.release();
 }
 
 CStdioFile::~CStdioFile()

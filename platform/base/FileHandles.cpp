@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <mutex>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -62,6 +63,7 @@ int DescriptorOf(HANDLE handle)
     return slot ? slot->descriptor : -1;
 }
 
+/// A handle for an open file; INVALID_HANDLE_VALUE with the error set when there is no room for one.
 HANDLE Register(int descriptor)
 {
     FileTable& table = Files();
@@ -73,8 +75,14 @@ HANDLE Register(int descriptor)
         SetLastError(ERROR_TOO_MANY_OPEN_FILES);
         return INVALID_HANDLE_VALUE;
     }
-    if (index == table.slots.size())
-        table.slots.emplace_back();
+    if (index == table.slots.size()) {
+        try {
+            table.slots.emplace_back();
+        } catch (const std::bad_alloc&) {
+            SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+            return INVALID_HANDLE_VALUE;
+        }
+    }
     table.slots[index].descriptor = descriptor;
     // A new generation for each use of the slot: handles of earlier files no longer match.
     return HandleOf(index, ++table.slots[index].generation);

@@ -3,7 +3,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <mutex>
+#include <new>
 #include <unordered_map>
+#include <utility>
 
 namespace {
 
@@ -59,9 +61,14 @@ HGLOBAL GlobalAlloc(UINT flags, SIZE_T bytes)
     void* memory = flags & GMEM_ZEROINIT ? std::calloc(1, BytesToAsk(bytes)) : std::malloc(BytesToAsk(bytes));
     if (!memory)
         return NoMemory();
-    BlockTable& table = Blocks();
-    const std::lock_guard<std::mutex> guard(table.mutex);
-    table.blocks[memory] = {bytes, (flags & GMEM_MOVEABLE) != 0, 0};
+    try {
+        BlockTable& table = Blocks();
+        const std::lock_guard<std::mutex> guard(table.mutex);
+        table.blocks[memory] = {bytes, (flags & GMEM_MOVEABLE) != 0, 0};
+    } catch (const std::bad_alloc&) { // no room for the entry: a block that the table does not know could never be freed
+        std::free(memory);
+        return NoMemory();
+    }
     return memory;
 }
 
@@ -82,11 +89,12 @@ HGLOBAL GlobalReAlloc(HGLOBAL handle, SIZE_T bytes, UINT flags)
         return NoMemory();
     if (flags & GMEM_ZEROINIT && bytes > block->size)
         std::memset(static_cast<BYTE*>(memory) + block->size, 0, bytes - block->size);
-    // The table knows blocks by their address, which may have changed.
-    Block changed = *block;
-    changed.size = bytes;
-    table.blocks.erase(handle);
-    table.blocks[memory] = changed;
+    block->size = bytes;
+    // The table knows blocks by their address, which may have changed. The entry moves as it is: the old block is gone,
+    // so nothing here may need memory.
+    auto entry = table.blocks.extract(handle);
+    entry.key() = memory;
+    table.blocks.insert(std::move(entry));
     return memory;
 }
 

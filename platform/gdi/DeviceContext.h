@@ -175,13 +175,14 @@ void FreeDeviceContext(DeviceContext& dc);
 /// A device context on a window was left without one.
 void DetachFromWindow(const Window& window);
 
-/// Runs `action` and answers its result, or FALSE when memory ran out on the way.
+/// Runs `action` and answers its result, or FALSE with ERROR_NOT_ENOUGH_MEMORY set when memory ran out on the way.
 template <class Action>
 BOOL WithMemory(Action action)
 {
     try {
         return action();
     } catch (const std::bad_alloc&) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return FALSE;
     }
 }

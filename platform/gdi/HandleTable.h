@@ -1,6 +1,8 @@
 /// Handles and the slots behind them.
 #pragma once
 
+#include "base/winkernel.h"
+
 #include <cstdint>
 #include <new>
 
@@ -79,7 +81,7 @@ public:
         return slot > 0 && slot < m_used;
     }
 
-    /// A slot with a new handle; null when there is no memory or no slot left.
+    /// A slot with a new handle; null when there is no memory (ERROR_NOT_ENOUGH_MEMORY is set) or no slot left.
     T* Create()
     {
         const uint32_t slot = m_firstFree != 0 ? m_firstFree : Extend();
@@ -164,6 +166,7 @@ private:
             }
             T* const chunk = new (std::nothrow) T[kChunk];
             if (chunk == nullptr) {
+                SetLastError(ERROR_NOT_ENOUGH_MEMORY);
                 return 0;
             }
             m_chunks[m_used / kChunk] = chunk;

@@ -1,6 +1,8 @@
 /// Allocation of pixel rows and access to single pixels.
 #include "gdi/PixelMemory.h"
 
+#include "base/winkernel.h"
+
 #include <cstdlib>
 #include <cstring>
 #include <utility>
@@ -82,9 +84,11 @@ uint8_t* AllocatePixels(int64_t width, int64_t height, int bitsPerPixel, Surface
     } else {
         memory = NewBlock(bytes);
     }
-    if (memory != nullptr) {
-        surface = {memory, ptrdiff_t(stride), int32_t(width), int32_t(height), bitsPerPixel};
+    if (memory == nullptr) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        return nullptr;
     }
+    surface = {memory, ptrdiff_t(stride), int32_t(width), int32_t(height), bitsPerPixel};
     return memory;
 }
 

@@ -1,6 +1,7 @@
 /// Wrappers for handles that no object owns.
 #pragma once
 
+#include "base/winkernel.h"
 #include "gdi/HandleTable.h"
 #include "gdi/mfc/gdiobjects.h"
 
@@ -60,6 +61,7 @@ private:
             }
             return wrapper;
         } catch (const std::bad_alloc&) {
+            SetLastError(ERROR_NOT_ENOUGH_MEMORY);
             return nullptr;
         }
     }

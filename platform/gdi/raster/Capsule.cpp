@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace gdi {
 namespace {
@@ -206,12 +207,14 @@ const RoundEndRow* RoundEnds::Table(int32_t diameter)
     const size_t index = static_cast<size_t>(diameter);
     if (index >= m_tables.size())
         m_tables.resize(index + 1);
-    std::vector<RoundEndRow>& table = m_tables[index];
-    if (table.empty()) {
+    if (m_tables[index].empty()) {
+        std::vector<RoundEndRow> table; // kept only when complete: memory may run out on the way
+        table.reserve(index);
         for (int64_t offset = -(diameter / 2); offset <= (diameter - 1) / 2; ++offset)
             table.push_back(RowOf(diameter, offset));
+        m_tables[index] = std::move(table);
     }
-    return table.data();
+    return m_tables[index].data();
 }
 
 size_t CapsuleSpans(DevicePoint from, DevicePoint to, int32_t width, RoundEnds& ends, const Box& clip, Span* spans)

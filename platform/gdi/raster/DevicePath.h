@@ -64,8 +64,8 @@ public:
     void ArcTo(const EllipseArc& arc)
     {
         SpellOut();
-        m_verbs.push_back(Verb::Arc);
         m_arcs.push_back(arc);
+        AddVerb(Verb::Arc, m_arcs);
     }
     void Close()
     {
@@ -102,8 +102,19 @@ private:
         DevicePoint whole;
         std::memcpy(&whole, &point, sizeof whole);
         SpellOut();
-        m_verbs.push_back(verb);
         m_points.push_back(whole);
+        AddVerb(verb, m_points);
+    }
+    /// A verb and what it needs come both or, when memory runs out, not at all.
+    template <class Operand>
+    void AddVerb(Verb verb, std::vector<Operand>& operands)
+    {
+        try {
+            m_verbs.push_back(verb);
+        } catch (...) {
+            operands.pop_back();
+            throw;
+        }
     }
 
     void SpellOut() const
