@@ -53,7 +53,8 @@ public:
     int GetCount() const;     ///< null elements included
     uint64_t GetSize() const; ///< the same number
     int IsEmpty();            ///< 1 without elements, else 0
-    /// Appends the shape, null included, and owns it from then on.
+    /// Appends the shape, null included, and owns it from then on. Without memory the exception passes, and the shape
+    /// stays the caller's.
     void Add(CKGeom* shape);
     /// Null without a list, else the element; outside of 0 ... count - 1 the invalid-argument exception is raised.
     CKGeom* GetAt(int i) const;

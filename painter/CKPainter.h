@@ -330,7 +330,7 @@ public:
 
     // ---- Event objects: temporary shapes that the painter owns and the host draws.
 
-    void AddEventObject(CKGeom* shape); ///< takes ownership
+    void AddEventObject(CKGeom* shape); ///< takes ownership, unless an exception for want of memory passes
     /// Null before the first shape and after DeleteEventObjects.
     CKGeomArray* GetEventObjects() { return m_eventObjects; }
     void DeleteEventObjects();        ///< deletes the array and its shapes, unless a copy still shares it

@@ -95,6 +95,19 @@ private:
     HANDLE m_file;
 };
 
+/// A file that is in the way from the end of its scope on, whether it was written or not.
+class DeletedFile
+{
+public:
+    explicit DeletedFile(const char* path) : m_path(path) {}
+    ~DeletedFile() { ::DeleteFileA(m_path); }
+    DeletedFile(const DeletedFile&) = delete;
+    DeletedFile& operator=(const DeletedFile&) = delete;
+
+private:
+    const char* m_path;
+};
+
 /// Entries of the colour table. The shift wraps at 32 bits, which gives such bitmaps one entry that nothing reads:
 /// files have always been written so, and readers find the pixels by bfOffBits.
 DWORD CountColors(WORD bitCount)
@@ -209,9 +222,9 @@ void CKPainter::SaveToBMP(CString path, HBITMAP bitmap)
 void CKPainter::SaveToJPG(CString path, HBITMAP bitmap)
 {
     const CString bitmapPath = path + ".bmp";
+    const DeletedFile temporary(bitmapPath); // also when the host's message box throws
     const GlobalBlock packed(DDBToDIB(bitmap, BI_RGB, nullptr));
     WriteDIB(bitmapPath, packed.Info());
     // Called whatever became of the bitmap file: without one there is nothing to convert, and nothing is harmed.
     CJpeg::ConvertBMPToJPG(bitmapPath, path);
-    ::DeleteFileA(bitmapPath);
 }

@@ -6,12 +6,14 @@
 #include <afxwin.h>
 
 /// A pen, brush, font or bitmap object selected into a device context. Declare it after the object, so that the
-/// previous one is back before the object is deleted.
+/// previous one is back before the object is deleted. The previous one is kept by its handle: a wrapper for it would
+/// have to be made, and without memory for that the selection could not be undone.
 template <typename Object>
 class SelectedObject
 {
 public:
-    SelectedObject(CDC* dc, Object* object) : m_dc(dc), m_previous(dc->SelectObject(object)) {}
+    SelectedObject(CDC* dc, Object* object) : m_dc(dc->m_hDC), m_previous(::SelectObject(m_dc, object->GetSafeHandle()))
+    {}
     ~SelectedObject() { Restore(); }
     SelectedObject(const SelectedObject&) = delete;
     SelectedObject& operator=(const SelectedObject&) = delete;
@@ -20,13 +22,13 @@ public:
     void Restore()
     {
         if (m_previous)
-            m_dc->SelectObject(m_previous);
+            ::SelectObject(m_dc, m_previous);
         m_previous = nullptr;
     }
 
 private:
-    CDC* m_dc;
-    Object* m_previous; // null when nothing was selected, or when it is back already
+    HDC m_dc;
+    HGDIOBJ m_previous; // null when nothing was selected, or when it is back already
 };
 
 /// The device context of a window; that of the screen for null and for a window object that has no window. Without a
