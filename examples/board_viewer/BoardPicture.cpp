@@ -188,7 +188,8 @@ private:
     void Add(CKGeomContainer& target, std::unique_ptr<CKGeom> shape)
     {
         shape->SetColor(layer.colour);
-        target.Add(shape.release()); // the container owns it from here
+        target.Add(shape.get());
+        (void)shape.release(); // the container owns it from here, unless it had no memory for it
     }
 
     PictureLayer& layer;

@@ -1,5 +1,7 @@
 #include "PendingFile.h"
 
+#include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -36,17 +38,22 @@ PendingFile::PendingFile(const std::string& path) : target(path)
             FailToWrite(path, "no permission");
     }
 
-    // Two runs for one target do not meet in one temporary file.
-    for (int i = 0; temporary.empty() || fs::exists(fs::symlink_status(temporary, error)); ++i)
+    // Made only where there is none: two runs for one target do not meet in one temporary file.
+    for (int i = 0;; ++i) {
         temporary = target + ".part" + std::to_string(i);
-    if (!std::ofstream(temporary, std::ios::binary))
-        FailToWrite(path, "no file can be made in its folder");
+        if (std::FILE* const made = std::fopen(temporary.c_str(), "wbx")) {
+            std::fclose(made);
+            return;
+        }
+        if (errno != EEXIST)
+            FailToWrite(path, "no file can be made in its folder");
+    }
 }
 
+// By its plain name: making a path of it could fail for want of memory, in a destructor.
 PendingFile::~PendingFile()
 {
-    std::error_code ignored;
-    fs::remove(temporary, ignored);
+    std::remove(temporary.c_str());
 }
 
 void PendingFile::Commit()
@@ -58,6 +65,7 @@ void PendingFile::Commit()
     fs::rename(temporary, target, error);
     if (error)
         FailToWrite(target, error.message());
+    temporary.clear(); // the name is free for another run now, whose file is not ours to remove
 }
 
 } // namespace viewer

@@ -69,6 +69,7 @@ KRectangleD BoardAreaOf(const FileArea& area)
 
 double DrawPicture(BoardPainter& painter, PictureSize size, const std::optional<FileArea>& area, CBitmap& bitmap)
 {
+    SetLastError(NO_ERROR);
     KRectangleD shown = area ? BoardAreaOf(*area) : painter.GetTargetSize();
     const bool atScale = size.pixelsPerMm > 0;
     if (atScale) {
@@ -83,6 +84,9 @@ double DrawPicture(BoardPainter& painter, PictureSize size, const std::optional<
         DrawArea(painter, size, shown, bitmap);
     else
         DrawWholeBoard(painter, size, bitmap);
+    // A figure that cannot be drawn for want of memory is left out, and the painter does not tell.
+    if (GetLastError() == ERROR_NOT_ENOUGH_MEMORY)
+        PictureWindow::FailForMemory(size);
     return atScale ? size.pixelsPerMm : painter.GetScale() * painter.GetPixcelPerMM();
 }
 

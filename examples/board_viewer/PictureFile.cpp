@@ -57,6 +57,17 @@ bool IsCompleteJpeg(const std::string& path)
     return file.seekg(-2, std::ios::end) && file.read(end, 2) && end[0] == '\xFF' && end[1] == '\xD9';
 }
 
+/// The header tells the length of the whole file.
+bool IsCompleteBitmap(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    unsigned char head[6] = {};
+    if (!file.read(reinterpret_cast<char*>(head), sizeof head) || head[0] != 'B' || head[1] != 'M')
+        return false;
+    const uint32_t length = head[2] | head[3] << 8 | head[4] << 16 | uint32_t(head[5]) << 24;
+    return file.seekg(0, std::ios::end) && file.tellg() == std::streamoff(length);
+}
+
 /// Changes bytes of a file in place. What fails is seen when the stream is asked.
 void Overwrite(const std::string& path, std::streamoff at, const std::string& bytes)
 {
@@ -127,9 +138,10 @@ void PictureFile::WriteByPainter(HBITMAP bitmap, bool asJpeg)
         painter.SaveToBMP(file.Name().c_str(), bitmap);
     if (!keeper.messages.empty())
         throw std::runtime_error(keeper.messages);
-    // The library does not say how a conversion to JPEG went; a file that was cut off lacks the end mark.
-    if (asJpeg && !IsCompleteJpeg(file.Name()))
-        throw std::runtime_error("the JPEG file is not complete");
+    // The library does not say how a conversion to JPEG went, nor that there was no memory for the rows; a JPEG file
+    // that was cut off lacks the end mark.
+    if (!(asJpeg ? IsCompleteJpeg(file.Name()) : IsCompleteBitmap(file.Name())))
+        throw std::runtime_error("the picture file is not complete");
 }
 
 } // namespace viewer
