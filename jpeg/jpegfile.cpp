@@ -79,6 +79,7 @@ bool WriteThrough(jpeg::BmpFile& bitmap, const std::string& path)
 {
     std::vector<uint8_t> row(size_t(bitmap.Width()) * 3);
     const std::string unfinished = path + ".part";
+    const std::filesystem::path from = unfinished, to = path; // nothing needs memory once there is a file to remove
     std::FILE* const file = std::fopen(unfinished.c_str(), "wb");
     if (file == nullptr) {
         return false;
@@ -87,7 +88,7 @@ bool WriteThrough(jpeg::BmpFile& bitmap, const std::string& path)
     const bool closed = std::fclose(file) == 0;
     std::error_code failed; // a plain rename() does not replace a file on every system
     if (encoded && closed) {
-        std::filesystem::rename(unfinished, path, failed);
+        std::filesystem::rename(from, to, failed);
         if (!failed) {
             return true;
         }
