@@ -20,7 +20,10 @@ class LoopbackServer
 public:
     using Answer = std::function<std::string(const std::string& request)>;
 
-    explicit LoopbackServer(Answer answer) : m_answer(std::move(answer)), m_socket(Listen())
+    /// `beforeClosing` keeps a connection open, silent, for as long as it runs.
+    explicit LoopbackServer(
+        Answer answer, std::function<void()> beforeClosing = [] {})
+        : m_answer(std::move(answer)), m_beforeClosing(std::move(beforeClosing)), m_socket(Listen())
     {
         m_thread = std::thread([this] { Serve(); });
     }
@@ -82,6 +85,7 @@ private:
             if (::poll(&waiting, 1, 10) > 0) {
                 const int client = ::accept4(m_socket, nullptr, nullptr, SOCK_CLOEXEC);
                 AnswerTo(client);
+                m_beforeClosing();
                 ::close(client);
             }
         }
@@ -107,6 +111,7 @@ private:
     }
 
     Answer m_answer;
+    std::function<void()> m_beforeClosing;
     std::vector<std::string> m_requests;
     std::atomic<bool> m_stop{false};
     int m_socket;

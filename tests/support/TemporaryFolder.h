@@ -12,7 +12,8 @@
 class TemporaryFolder
 {
 public:
-    TemporaryFolder() : m_path(testing::TempDir() + "kolm_" + std::to_string(std::random_device{}()))
+    explicit TemporaryFolder(const std::string& parent = testing::TempDir())
+        : m_path(parent + "kolm_" + std::to_string(std::random_device{}()))
     {
         std::filesystem::create_directories(m_path);
     }
