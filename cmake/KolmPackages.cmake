@@ -1,5 +1,6 @@
-# Three Debian packages from the three components of the installation: `cpack -G DEB` in the build folder. The names
-# follow the distribution's custom, so that libraries of two sonames can be installed side by side.
+# Three Debian packages from the three components of the installation: `cpack` in the build folder. The names follow the
+# distribution's custom, so that libraries of two sonames can be installed side by side. Configured for the prefix /usr,
+# as by the preset, the library lies in the folder of its processor architecture.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME kolm)
 set(CPACK_PACKAGE_VENDOR "Kolm")

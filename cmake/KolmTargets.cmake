@@ -28,7 +28,7 @@ function(kolm_library_settings target)
     target_compile_definitions(${target} PRIVATE KOLM_BUILDING)
     target_include_directories(${target} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
-        $<$<NOT:$<PLATFORM_ID:Windows>>:$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/platform>>)
+        $<BUILD_INTERFACE:$<$<NOT:$<PLATFORM_ID:Windows>>:${PROJECT_SOURCE_DIR}/platform>>)
     set_target_properties(${target} PROPERTIES
         CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
         VERSION ${PROJECT_VERSION} SOVERSION ${KOLM_ABI_VERSION})
