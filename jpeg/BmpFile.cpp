@@ -19,30 +19,28 @@ uint32_t Dword(const uint8_t* bytes)
     return Word(bytes) | Word(bytes + 2) << 16;
 }
 
-bool Seek(std::FILE* file, uint64_t position)
-{
-    return position <= 0x7FFFFFFFFFFFFFFF && fseeko(file, off_t(position), SEEK_SET) == 0;
-}
-
 } // namespace
-
-BmpFile::~BmpFile()
-{
-    if (m_file != nullptr) {
-        std::fclose(m_file);
-    }
-}
 
 bool BmpFile::Open(const char* path)
 {
-    m_file = path != nullptr ? std::fopen(path, "rb") : nullptr;
-    return m_file != nullptr && ReadHeaders() && HoldsAllRows();
+    if (path == nullptr) {
+        return false;
+    }
+    m_file.open(path, std::ios::binary);
+    return m_file && ReadHeaders() && HoldsAllRows();
+}
+
+bool BmpFile::ReadAt(uint64_t position, void* bytes, size_t count)
+{
+    m_file.seekg(std::streamoff(position));
+    m_file.read(static_cast<char*>(bytes), std::streamsize(count));
+    return bool(m_file);
 }
 
 bool BmpFile::ReadHeaders()
 {
     uint8_t bytes[kFileHeader + kInfoHeader];
-    if (std::fread(bytes, sizeof bytes, 1, m_file) != 1 || bytes[0] != 'B' || bytes[1] != 'M') {
+    if (!ReadAt(0, bytes, sizeof bytes) || bytes[0] != 'B' || bytes[1] != 'M') {
         return false;
     }
     const uint8_t* const info = bytes + kFileHeader;
@@ -69,7 +67,7 @@ bool BmpFile::ReadColorTable(uint32_t headerSize, uint32_t colors)
 {
     const uint32_t entries = colors == 0 || colors > 2 ? 2 : colors;
     uint8_t bytes[8] = {};
-    if (!Seek(m_file, uint64_t(kFileHeader) + headerSize) || std::fread(bytes, 4, entries, m_file) != entries) {
+    if (!ReadAt(uint64_t(kFileHeader) + headerSize, bytes, 4 * size_t(entries))) {
         return false;
     }
     for (int i = 0; i < 2; ++i) {
@@ -83,10 +81,8 @@ bool BmpFile::ReadColorTable(uint32_t headerSize, uint32_t colors)
 bool BmpFile::HoldsAllRows()
 {
     const size_t rowBytes = (size_t(m_width) * size_t(m_bits) + 31) / 32 * 4;
-    if (fseeko(m_file, 0, SEEK_END) != 0) {
-        return false;
-    }
-    const off_t size = ftello(m_file);
+    m_file.seekg(0, std::ios::end);
+    const std::streamoff size = m_file.tellg(); // -1 where there is no end, as in a pipe
     if (size < 0 || uint64_t(size) < m_offset + uint64_t(rowBytes) * uint64_t(m_height)) {
         return false;
     }
@@ -97,7 +93,7 @@ bool BmpFile::HoldsAllRows()
 bool BmpFile::ReadRow(int y, uint8_t* rgb)
 {
     const uint64_t row = uint64_t(m_bottomUp ? m_height - 1 - y : y);
-    if (!Seek(m_file, m_offset + row * m_row.size()) || std::fread(m_row.data(), m_row.size(), 1, m_file) != 1) {
+    if (!ReadAt(m_offset + row * m_row.size(), m_row.data(), m_row.size())) {
         return false;
     }
     for (int x = 0; x < m_width; ++x, rgb += 3) {

@@ -2,8 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
-#include <string>
+#include <fstream>
 #include <vector>
 
 namespace jpeg {
@@ -15,11 +14,6 @@ class BmpFile
 public:
     static constexpr int kMaxSide = 65500; ///< the largest side of a JPEG picture
 
-    BmpFile() = default;
-    ~BmpFile();
-    BmpFile(const BmpFile&) = delete;
-    BmpFile& operator=(const BmpFile&) = delete;
-
     /// False when it is not a bitmap file of 1, 24 or 32 bits that holds all of its rows.
     bool Open(const char* path);
     int Width() const { return m_width; }
@@ -28,11 +22,13 @@ public:
     bool ReadRow(int y, uint8_t* rgb);
 
 private:
+    /// False when not all bytes are there.
+    bool ReadAt(uint64_t position, void* bytes, size_t count);
     bool ReadHeaders();
     bool ReadColorTable(uint32_t headerSize, uint32_t colors);
     bool HoldsAllRows();
 
-    std::FILE* m_file = nullptr;
+    std::ifstream m_file; // its positions have 64 bits on every system
     int m_width = 0;
     int m_height = 0;
     int m_bits = 0;

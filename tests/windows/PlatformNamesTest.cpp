@@ -256,6 +256,20 @@ TEST(PlatformNames, TheLibraryIncludesTheRealPlatformsHeaders)
     }
 }
 
+// Visual C++ comes without them, though other compilers for Windows have some. The folder jpeg/ is built there as well.
+TEST(PlatformNames, NothingOfPosixIsUsed)
+{
+    const Names posix = {"fileno",  "fseeko", "ftello",  "isatty",      "mkstemp",     "off_t",
+                         "popen",   "setenv", "ssize_t", "strcasecmp",  "strdup",      "strtok_r",
+                         "sysconf", "unlink", "usleep",  "localtime_r", "gettimeofday"};
+    std::vector<fs::path> files = LibraryFiles();
+    for (const auto& entry : fs::directory_iterator(kSource / "jpeg"))
+        files.push_back(entry.path());
+    for (const fs::path& file : files)
+        for (const std::string& token : Parse(file).tokens)
+            EXPECT_EQ(posix.count(token), 0u) << file << " uses " << token;
+}
+
 // On the platform a long has 32 bits. Only where it stands for a colour, which has 32 bits anywhere, may it be written.
 TEST(PlatformNames, NothingDependsOnTheWidthOfALong)
 {
