@@ -90,7 +90,7 @@ void WriteLayer(JsonWriter& json, const std::string& name, const LayerCounts& la
 /// The area that the picture fits, in the file's frame: top is the smaller y. Empty for an empty board.
 void WriteOutline(JsonWriter& json, const BoardPicture& picture)
 {
-    CKRectD box = BoundsOf(picture);
+    CKRectD box = BoundsOf(picture, false);
     json.Open("outline", '{');
     if (box.IsInitialized()) {
         json.Member("left", box.GetLeft());

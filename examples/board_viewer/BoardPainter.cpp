@@ -149,7 +149,12 @@ int BoardPainter::IsExistData(CWnd*)
 
 KRectangleD BoardPainter::GetTargetSize()
 {
-    return TargetFor(BoundsOf(picture));
+    return TargetFor(BoundsOf(picture, false));
+}
+
+KRectangleD BoardPainter::GetInkSize()
+{
+    return TargetFor(BoundsOf(picture, true));
 }
 
 KRectangleD BoardPainter::TargetFor(CKRectD box)

@@ -40,8 +40,10 @@ public:
 
     void DrawBody(CWnd* wnd, CDC* dc) override;
     int IsExistData(CWnd* wnd) override;
-    /// The board's outline; see BoundsOf(const BoardPicture&).
+    /// The centre lines of the board's outline; see BoundsOf(const BoardPicture&, bool).
     KRectangleD GetTargetSize() override;
+    /// The same with the thickness of the outline.
+    virtual KRectangleD GetInkSize();
 
 protected:
     /// The target area for bounds, never without extent; any area where they hold nothing.

@@ -67,8 +67,8 @@ void SetAreas(PictureLayer& layer);
 /// nothing has bounds.
 CKRectD BoundsOf(const PictureLayer& layer, bool withThickness);
 
-/// The area that shows the board: the centre lines of its outline, or all of it where it has no outline. Not
-/// initialized for an empty board.
-CKRectD BoundsOf(const BoardPicture& picture);
+/// The area that shows the board: the centre lines of its outline, where the board ends, widened by their thickness
+/// when asked; or all ink where it has no outline. Not initialized for an empty board.
+CKRectD BoundsOf(const BoardPicture& picture, bool withThickness);
 
 } // namespace viewer

@@ -47,16 +47,24 @@ Colour ColourOf(unsigned cover)
     return (cover & kCommonArea) != 0 ? kCommonAreaColour : 0;
 }
 
+/// The outlines of both revisions together.
+struct Frame
+{
+    CKRectD centreLines;
+    CKRectD ink;
+};
+
 /// Frames the same area for each part of the difference.
 class PartPainter : public BoardPainter
 {
 public:
-    PartPainter(const BoardPicture& part, CKRectD outlines) : BoardPainter(part), box(outlines) {}
+    PartPainter(const BoardPicture& part, const Frame& outlines) : BoardPainter(part), frame(outlines) {}
 
-    KRectangleD GetTargetSize() override { return TargetFor(box); }
+    KRectangleD GetTargetSize() override { return TargetFor(frame.centreLines); }
+    KRectangleD GetInkSize() override { return TargetFor(frame.ink); }
 
 private:
-    CKRectD box;
+    const Frame& frame;
 };
 
 bool HasShapes(const BoardPicture& picture)
@@ -81,7 +89,7 @@ BoardPicture TakeLayer(BoardPicture& picture, const std::string& name)
 class CoverMap
 {
 public:
-    CoverMap(const DiffView& diffView, CKRectD outlines) : view(diffView), box(outlines) {}
+    CoverMap(const DiffView& diffView, const Frame& outlines) : view(diffView), frame(outlines) {}
 
     void Draw(BoardDifference&& difference)
     {
@@ -115,7 +123,7 @@ private:
             return;
         for (auto& layer : picture.layers)
             layer->colour = kInk;
-        PartPainter painter(picture, box);
+        PartPainter painter(picture, frame);
         painter.SetBoardMirrorX(view.mirror ? 1 : 0);
         CBitmap bitmap;
         pixelsPerMm = DrawPicture(painter, view.size, view.area, bitmap);
@@ -151,7 +159,7 @@ private:
     static constexpr Colour kInk = 0xFFFFFF; // anything but the background
 
     const DiffView& view;
-    CKRectD box;
+    const Frame& frame;
     int width = 0;
     int height = 0;
     double pixelsPerMm = 0;
@@ -265,11 +273,10 @@ private:
     const int margin;
 };
 
-/// The outlines of both revisions.
-CKRectD BoundsOfBoth(const BoardPicture& older, const BoardPicture& newer)
+CKRectD BoundsOfBoth(const BoardPicture& older, const BoardPicture& newer, bool withThickness)
 {
-    CKRectD box = BoundsOf(older);
-    CKRectD other = BoundsOf(newer);
+    CKRectD box = BoundsOf(older, withThickness);
+    CKRectD other = BoundsOf(newer, withThickness);
     if (!box.IsInitialized())
         return other;
     if (other.IsInitialized())
@@ -303,7 +310,9 @@ void ExportDifference(BoardDifference difference, const BoardFile& older, const 
                       const std::string& path)
 {
     PictureFile file(path);
-    CoverMap map(view, BoundsOfBoth(older.picture, newer.picture));
+    const Frame frame = {BoundsOfBoth(older.picture, newer.picture, false),
+                         BoundsOfBoth(older.picture, newer.picture, true)};
+    CoverMap map(view, frame);
     map.Draw(std::move(difference));
     PixelBitmap picture(map.Width(), map.Height());
     PaintCovers(map, picture);

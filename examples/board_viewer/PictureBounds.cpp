@@ -130,11 +130,10 @@ CKRectD BoundsOf(const PictureLayer& layer, bool withThickness)
     return bounds.box;
 }
 
-CKRectD BoundsOf(const BoardPicture& picture)
+CKRectD BoundsOf(const BoardPicture& picture, bool withThickness)
 {
-    // The outline's centre line is where the board ends; half its drawn width lies outside.
     const PictureLayer* outline = picture.Find(kOutlineName);
-    CKRectD box = outline ? BoundsOf(*outline, false) : CKRectD();
+    CKRectD box = outline ? BoundsOf(*outline, withThickness) : CKRectD();
     if (box.IsInitialized())
         return box;
 

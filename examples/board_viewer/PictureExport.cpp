@@ -58,6 +58,12 @@ void DrawArea(BoardPainter& painter, PictureSize size, const KRectangleD& area, 
         PictureWindow::FailForMemory(size);
 }
 
+/// A pixel on each side: no line is drawn thinner than that, and rounding must not push one out of the picture.
+KRectangleD WithMargin(const KRectangleD& area, double pixelsPerMm)
+{
+    return {area.width + 2 / pixelsPerMm, area.height + 2 / pixelsPerMm, area.centerX, area.centerY};
+}
+
 /// In the painter's frame, y up.
 KRectangleD BoardAreaOf(const FileArea& area)
 {
@@ -70,8 +76,10 @@ KRectangleD BoardAreaOf(const FileArea& area)
 double DrawPicture(BoardPainter& painter, PictureSize size, const std::optional<FileArea>& area, CBitmap& bitmap)
 {
     SetLastError(NO_ERROR);
-    KRectangleD shown = area ? BoardAreaOf(*area) : painter.GetTargetSize();
     const bool atScale = size.pixelsPerMm > 0;
+    KRectangleD shown = area      ? BoardAreaOf(*area)
+                        : atScale ? WithMargin(painter.GetInkSize(), size.pixelsPerMm)
+                                  : KRectangleD{};
     if (atScale) {
         size = SizeAtScale(size.pixelsPerMm, shown.width, shown.height);
         // The area of whole pixels, so that the scale is the one asked for and not that of the rounded size.

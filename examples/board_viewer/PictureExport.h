@@ -21,8 +21,8 @@ struct FileArea
 
 /// Draws the painter's board into `bitmap`, which has to be empty, and returns the scale in pixels per millimetre.
 /// Frames exactly the area when one is given. Without one the board is fitted into a size in pixels with a margin, or
-/// framed exactly at a scale. Throws std::runtime_error for a picture that is too large, before any memory is taken for
-/// it, and when there is not enough.
+/// at a scale shown with its outline's line and a pixel around it; what reaches beyond the outline is cut off. Throws
+/// std::runtime_error for a picture that is too large, before any memory is taken for it, and when there is not enough.
 double DrawPicture(BoardPainter& painter, PictureSize size, const std::optional<FileArea>& area, CBitmap& bitmap);
 
 /// Draws the picture and writes it to the path as the kind of file that its ending asks for. Throws std::runtime_error

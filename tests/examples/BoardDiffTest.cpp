@@ -218,7 +218,7 @@ TEST(DiffPicture, FramesBothOutlines)
     for (const auto& [older, newer] : {std::pair(20, 30), std::pair(30, 20)}) {
         ExportDifference(CompareBoards(outline(older), outline(newer)), outline(older), outline(newer), view,
                          folder.File("o.bmp"));
-        EXPECT_EQ(Pixels(folder.File("o.bmp")).width, 60);
+        EXPECT_EQ(Pixels(folder.File("o.bmp")).width, 2 * (30 + 1) + 2);
     }
 }
 

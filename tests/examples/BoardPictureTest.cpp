@@ -187,28 +187,32 @@ TEST(BoardPicture, FitsTheCentreLinesOfTheOutline)
 {
     // The arc from (10, 0) over (15, 5) to (10, 10) of the file reaches x 15. The silk screen lies outside and does not
     // count.
-    CKRectD box =
-        BoundsOf(MakePicture(ReadItems("(gr_line (start 0 0) (end 10 0) (layer \"Edge.Cuts\") (width 2))"
-                                       "(gr_arc (start 10 0) (mid 15 5) (end 10 10) (layer \"Edge.Cuts\") (width 2))"
-                                       "(gr_line (start -50 -50) (end 90 90) (layer \"F.SilkS\") (width 2))")));
-    ASSERT_TRUE(box.IsInitialized());
-    EXPECT_NEAR(box.GetLeft(), 0, kTolerance);
-    EXPECT_NEAR(box.GetRight(), 15, kTolerance);
-    EXPECT_NEAR(box.GetTop(), 0, kTolerance);
-    EXPECT_NEAR(box.GetBottom(), -10, kTolerance);
+    const BoardPicture picture =
+        MakePicture(ReadItems("(gr_line (start 0 0) (end 10 0) (layer \"Edge.Cuts\") (width 2))"
+                              "(gr_arc (start 10 0) (mid 15 5) (end 10 10) (layer \"Edge.Cuts\") (width 2))"
+                              "(gr_line (start -50 -50) (end 90 90) (layer \"F.SilkS\") (width 2))"));
+    for (double reach : {0, 1}) { // half the width, when asked
+        CKRectD box = BoundsOf(picture, reach > 0);
+        ASSERT_TRUE(box.IsInitialized());
+        EXPECT_NEAR(box.GetLeft(), -reach, kTolerance);
+        EXPECT_NEAR(box.GetRight(), 15 + reach, kTolerance);
+        EXPECT_NEAR(box.GetTop(), reach, kTolerance);
+        EXPECT_NEAR(box.GetBottom(), -10 - reach, kTolerance);
+    }
 }
 
 TEST(BoardPicture, FitsEverythingWithoutAnOutline)
 {
     CKRectD box =
         BoundsOf(MakePicture(ReadItems("(segment (start 1 1) (end 5 1) (width 1) (layer \"F.Cu\") (net 0))"
-                                       "(gr_poly (pts (xy 3 3) (xy 9 3) (xy 9 8)) (layer \"B.Cu\") (width 0))")));
+                                       "(gr_poly (pts (xy 3 3) (xy 9 3) (xy 9 8)) (layer \"B.Cu\") (width 0))")),
+                 false);
     ASSERT_TRUE(box.IsInitialized());
     EXPECT_NEAR(box.GetLeft(), 0.5, kTolerance);
     EXPECT_NEAR(box.GetRight(), 9, kTolerance);
     EXPECT_NEAR(box.GetTop(), -0.5, kTolerance);
     EXPECT_NEAR(box.GetBottom(), -8, kTolerance);
-    EXPECT_FALSE(BoundsOf(MakePicture(ReadItems(""))).IsInitialized());
+    EXPECT_FALSE(BoundsOf(MakePicture(ReadItems("")), false).IsInitialized());
 }
 
 } // namespace viewer

@@ -50,7 +50,7 @@ TEST(CommandLine, ErrorsAreOneLineAndExitCodeOne)
         {"good.kicad_pcb --export none/x.bmp", "none/x.bmp: cannot be written"},
         {"good.kolm --find 'R*'", "good.kolm: an archive has no nets"},
         {"good.kolm --clearance 1", "good.kolm: an archive has no nets"},
-        {"good.kicad_pcb --export x.bmp --px-per-mm 1e5", "the picture would have 900000x900000 pixels"},
+        {"good.kicad_pcb --export x.bmp --px-per-mm 1e5", "the picture would have 1000002x1000002 pixels"},
         {"good.kicad_pcb --export x.png --dpi 1e6 --area 0,0,1e5,1", "at most 268435456"},
         {"good.kicad_pcb --export x.jpg --size 70000x9", "x.jpg: cannot be written"},
         {"good.kicad_pcb --archive none/x.kolm", "none/x.kolm: cannot be written"},

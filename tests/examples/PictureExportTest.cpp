@@ -119,9 +119,10 @@ TEST(PictureExport, AScaleGivesTheSize)
         int width;
         int height;
     } cases[] = {
-        {4, {}, 120, 80},                          // the outline's centre line, 30 x 20 mm
+        {4, {}, 130, 90},                          // the outline, 32 x 22 mm with its line, and a pixel around it
         {10, FileArea{5, 5, 0, 0}, 50, 50},        // corners in any order
-        {0.01, {}, 1, 1},                          // never without a pixel
+        {0.01, {}, 2, 2},                          // the two around it
+        {0.01, FileArea{0, 0, 30, 20}, 1, 1},      // never without a pixel
         {2.5, FileArea{0, 0, 1.1, 9}, 3, 23},      // 2.75 and 22.5, rounded
         {1 / 25.4, FileArea{0, 0, 254, 1}, 10, 1}, // a dot an inch
     };
@@ -133,16 +134,29 @@ TEST(PictureExport, AScaleGivesTheSize)
         EXPECT_EQ(picture.width, c.width) << c.pixelsPerMm;
         EXPECT_EQ(picture.height, c.height) << c.pixelsPerMm;
     }
+}
 
-    // At 4 pixels a millimetre the inner half of the frame is 4 pixels wide, whatever rounding does at its edge.
-    Export(folder.File("s.bmp"), {0, 0, 4});
-    const Pixels frame(folder.File("s.bmp"));
-    int left = 0;
-    while (left < frame.width && frame.At(left, 40) == LayerColour("Edge.Cuts"))
-        ++left;
-    EXPECT_NEAR(left, 4, 1);
-    EXPECT_EQ(frame.At(60, 1), LayerColour("Edge.Cuts"));
-    EXPECT_EQ(frame.At(60, 40), Colour(0));
+/// The outline is in the picture with all of its width, but for a pixel of rounding, and at no scale lost at an edge.
+TEST(PictureExport, AScaleShowsTheWholeOutline)
+{
+    const TestFolder folder;
+    for (double pixelsPerMm : {0.2, 0.49, 1.03, 1.7, 4.0, 4.41, 7.77, 600 / 25.4}) {
+        Export(folder.File("s.bmp"), {0, 0, pixelsPerMm});
+        const Pixels frame(folder.File("s.bmp"));
+        const auto lit = [&](int x, int y) { return frame.At(x, y) == LayerColour("Edge.Cuts"); };
+        const int right = frame.width - 1, bottom = frame.height - 1;
+        int across[4] = {}; // the line's width, from each side to the middle
+        for (int i = 0; i < frame.width / 2; ++i) {
+            across[0] += lit(i, bottom / 2);
+            across[1] += lit(right - i, bottom / 2);
+        }
+        for (int i = 0; i < frame.height / 2; ++i) {
+            across[2] += lit(right / 2, i);
+            across[3] += lit(right / 2, bottom - i);
+        }
+        for (int pixels : across)
+            EXPECT_GE(pixels, std::max(1, int(2 * pixelsPerMm) - 1)) << pixelsPerMm;
+    }
 }
 
 TEST(PictureExport, RecordsTheResolution)
