@@ -13,7 +13,7 @@ install(TARGETS kolm EXPORT KolmTargets
 # The second folder holds what stands in for the platform's headers, which are named without a folder.
 target_include_directories(kolm INTERFACE
     $<INSTALL_INTERFACE:${KOLM_INCLUDE_DIR}>
-    $<INSTALL_INTERFACE:$<$<NOT:$<PLATFORM_ID:Windows>>:${KOLM_INCLUDE_DIR}/platform>>)
+    $<$<NOT:$<PLATFORM_ID:Windows>>:$<INSTALL_INTERFACE:${KOLM_INCLUDE_DIR}/platform>>)
 
 get_property(headers GLOBAL PROPERTY KOLM_PUBLIC_HEADERS)
 foreach(header IN LISTS headers)
