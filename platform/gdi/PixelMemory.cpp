@@ -23,6 +23,8 @@ struct Block
 constexpr size_t kAlignment = 64;
 constexpr size_t kLarge = size_t(1) << 18; // smaller blocks the allocator has at hand itself
 constexpr size_t kPage = size_t(1) << 21;  // a large page of the processor
+// Room for a frame of 7680 x 4320 pixels. Larger blocks are no frames: their pages come as they are touched, and go.
+constexpr size_t kLargestFrame = size_t(1) << 27;
 
 uint8_t* g_spare = nullptr;
 
@@ -36,7 +38,7 @@ Block& BlockOf(uint8_t* rows)
 void* ZeroedMemory(size_t bytes)
 {
 #ifdef __linux__
-    if (bytes >= kPage) {
+    if (bytes >= kPage && bytes <= kLargestFrame) {
         const size_t whole = (bytes + kPage - 1) / kPage * kPage;
         void* const memory = std::aligned_alloc(kPage, whole);
         if (memory != nullptr) {
@@ -94,7 +96,7 @@ uint8_t* AllocatePixels(int64_t width, int64_t height, int bitsPerPixel, Surface
 
 void FreePixels(uint8_t* memory)
 {
-    if (memory != nullptr && BlockOf(memory).bytes >= kLarge) {
+    if (memory != nullptr && BlockOf(memory).bytes >= kLarge && BlockOf(memory).bytes <= kLargestFrame) {
         std::swap(memory, g_spare);
     }
     if (memory != nullptr) {

@@ -16,8 +16,9 @@ constexpr int64_t RowBytes(int64_t width, int bitsPerPixel)
 /// FreePixels. A surface without pixels gets memory too.
 uint8_t* AllocatePixels(int64_t width, int64_t height, int bitsPerPixel, Surface& surface);
 
-/// Gives the rows back. The last large ones stay in hand for the next surface of the same size: a frame is composed in
-/// a bitmap of its own each time, and to let the system take and clear its pages takes longer than to draw a board.
+/// Gives the rows back. The last ones of a frame's size, up to 128 MiB, stay in hand for the next surface of the same
+/// size: a frame is composed in a bitmap of its own each time, and to let the system take and clear its pages takes
+/// longer than to draw a board.
 void FreePixels(uint8_t* memory);
 
 /// One row of a surface.
