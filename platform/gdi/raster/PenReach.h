@@ -15,12 +15,11 @@ enum class Reach
     Covers  ///< every visible pixel is inside
 };
 
-/// Decides by the distance of the line from the middle of the clip, without walking a row. Only clear cases are decided;
-/// a pixel of slack absorbs the rounding of the arithmetic, which for any int32 stays far below it.
+/// Decides by the distance of the line from the middle of the clip, without walking a row. Only clear cases are
+/// decided; a pixel of slack absorbs the rounding of the arithmetic, which for any int32 stays far below it.
 class PenReach
 {
 public:
-    PenReach() = default;
     PenReach(const Box& clip, int32_t width)
         : m_x((double(clip.left) + clip.right - 1) * 0.5), m_y((double(clip.top) + clip.bottom - 1) * 0.5),
           m_corner(std::hypot(double(clip.right) - clip.left, double(clip.bottom) - clip.top) * 0.5 + 1),
@@ -40,9 +39,9 @@ public:
     }
 
 private:
-    double m_x = 0, m_y = 0; ///< middle of the visible pixels
-    double m_corner = 0;     ///< from there to the furthest one
-    double m_halfWidth = 0;
+    double m_x, m_y; ///< middle of the visible pixels
+    double m_corner; ///< from there to the furthest one
+    double m_halfWidth;
 };
 
 } // namespace gdi

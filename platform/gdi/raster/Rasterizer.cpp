@@ -12,6 +12,8 @@
 #include "gdi/raster/RingSector.h"
 #include "gdi/raster/SolidFormats.h"
 
+#include <algorithm>
+
 namespace gdi {
 
 struct Rasterizer::Scratch
@@ -23,13 +25,11 @@ struct Rasterizer::Scratch
     std::vector<DevicePoint> points; // of a flattened arc
     DevicePath segment;              // a single dashed line
     ChordStretches stretches;        // of a wide ellipse
-    PenReach reach;                  // of the wide stroke being drawn
-    bool covered = false;            // by that stroke: nothing is left to draw
+    bool covered = false;            // by the wide stroke being drawn: nothing is left to draw
 
-    void BeginWide(const Box& clip, int32_t width)
+    void BeginWide(const Box& clip)
     {
         MakeRoom(clip);
-        reach = PenReach(clip, width);
         covered = false;
     }
     void Cover(const Box& clip, PixelWriter& writer)
@@ -41,7 +41,7 @@ struct Rasterizer::Scratch
     {
         // Rows of large discs cost a square root each: worth a look whether there is anything to find out.
         if (width > RoundEnds::kLargest) {
-            const Reach reached = reach.Of(from.x, from.y, to.x, to.y, 0);
+            const Reach reached = PenReach(clip, width).Of(from.x, from.y, to.x, to.y, 0);
             if (reached == Reach::Covers && !covered)
                 Cover(clip, writer);
             if (reached != Reach::Cuts || covered)
@@ -134,7 +134,7 @@ void Rasterizer::Scratch::WideEllipse(const EllipseArc& arc, int32_t width, cons
 {
     const ArcChords chords(arc);
     const size_t most = 512 + size_t(int64_t(clip.right) - clip.left + clip.bottom - clip.top) / 8;
-    if (stretches.Find(chords, reach, most) == Reach::Covers) {
+    if (stretches.Find(chords, PenReach(clip, width), most) == Reach::Covers) {
         Cover(clip, writer);
         return;
     }
@@ -156,7 +156,7 @@ void Rasterizer::StrokeWide(const DevicePath& path, int32_t width, const Ink& in
     PixelWriter* writer = inkWriter.Get();
     if (!writer)
         return;
-    m_scratch->BeginWide(visible, width);
+    m_scratch->BeginWide(visible);
     writer = m_scratch->WriterFor(path, visible, inkWriter);
     ForEachPiece(
         path, [] {}, [&](DevicePoint from, DevicePoint to) { m_scratch->Capsule(from, to, width, visible, *writer); },
@@ -183,7 +183,10 @@ void DrawThinLine(DevicePoint from, DevicePoint to, uint32_t pixel, RasterOp op,
 void Rasterizer::StrokeSegment(DevicePoint from, DevicePoint to, int32_t width, const uint8_t* dash, const Ink& ink,
                                const Surface& surface, const Box& clip)
 {
-    const Box visible = Intersection(clip, {0, 0, surface.width, surface.height});
+    const Box bounds = {std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x), std::max(from.y, to.y)};
+    const Box visible = VisibleBox(bounds, width / 2, surface, clip);
+    if (IsEmpty(visible))
+        return;
     if (width < 2 && dash && *dash) {
         m_scratch->segment.Clear();
         m_scratch->segment.Segment(from, to);
@@ -192,13 +195,13 @@ void Rasterizer::StrokeSegment(DevicePoint from, DevicePoint to, int32_t width, 
     }
     InkWriter inkWriter(ink, surface);
     PixelWriter* const writer = inkWriter.Get();
-    if (!writer || IsEmpty(visible))
+    if (!writer)
         return;
     if (width < 2) {
         DrawCosmeticLine(from, to, visible, *writer);
         return;
     }
-    m_scratch->BeginWide(visible, width);
+    m_scratch->BeginWide(visible);
     m_scratch->Capsule(from, to, width, visible, *writer);
 }
 
