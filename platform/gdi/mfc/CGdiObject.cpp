@@ -64,15 +64,12 @@ CGdiObject* TemporaryOf(HGDIOBJ object)
     }
 }
 
-/// Attaches a new object.
+/// Hands a new object to a wrapper without one.
 template <class Object>
 BOOL Own(Object* object, CGdiObject& wrapper)
 {
     if (object == nullptr) {
         return FALSE;
-    }
-    if (wrapper.m_hObject != nullptr) {
-        return wrapper.Attach(MakeHandle<HGDIOBJ>(*object));
     }
     wrapper.m_hObject = MakeHandle<HGDIOBJ>(*object);
     object->owner = &wrapper;
@@ -155,12 +152,12 @@ CGdiObject* CGdiObject::FromHandle(HGDIOBJ object)
 
 BOOL CPen::CreatePen(int style, int width, COLORREF color)
 {
-    return Own(NewPen(style, width, color, false), *this);
+    return m_hObject == nullptr && Own(NewPen(style, width, color, false), *this);
 }
 
 BOOL CBrush::CreateSolidBrush(COLORREF color)
 {
-    return Own(NewBrush(BS_SOLID, color, 0), *this);
+    return m_hObject == nullptr && Own(NewBrush(BS_SOLID, color, 0), *this);
 }
 
 BOOL CBitmap::CreateCompatibleBitmap(CDC* dc, int width, int height)

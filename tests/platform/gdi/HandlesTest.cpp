@@ -105,6 +105,41 @@ TEST(GdiHandles, SelectionKeepsDeletedObjectsAlive)
     EXPECT_EQ(ObjectsAlive(), before);
 }
 
+// The slot of a deleted object serves the next one of its kind, and what was looked up last is remembered.
+TEST(GdiHandles, ReusedSlotsAnswerToTheNewHandleOnly)
+{
+    CDC dc;
+    dc.CreateCompatibleDC(nullptr);
+    const HGDIOBJ initial[] = {dc.GetCurrentPen()->m_hObject, dc.GetCurrentBrush()->m_hObject};
+    for (const bool brush : {false, true}) {
+        const auto make = [brush]() -> HGDIOBJ {
+            return brush ? HGDIOBJ(CreateSolidBrush(1)) : HGDIOBJ(CreatePen(PS_SOLID, 1, 1));
+        };
+        const HGDIOBJ old = make();
+        EXPECT_EQ(SelectObject(dc, old), initial[brush]);
+        EXPECT_EQ(SelectObject(dc, initial[brush]), old);
+        EXPECT_TRUE(DeleteObject(old));
+        const HGDIOBJ next = make();
+        ASSERT_EQ(uintptr_t(old) & 0xFFFFFF, uintptr_t(next) & 0xFFFFFF) << "not the same slot";
+        for (const HGDIOBJ gone : {old, reinterpret_cast<HGDIOBJ>(~uintptr_t(0))}) {
+            CPen pen;
+            CBrush wrapper;
+            pen.m_hObject = wrapper.m_hObject = gone;
+            EXPECT_EQ(SelectObject(dc, gone), nullptr);
+            EXPECT_EQ(dc.SelectObject(&pen), nullptr);
+            EXPECT_EQ(dc.SelectObject(&wrapper), nullptr);
+            EXPECT_FALSE(DeleteObject(gone));
+        }
+        EXPECT_EQ(SelectObject(dc, next), initial[brush]);
+        EXPECT_EQ(SelectObject(dc, initial[brush]), next);
+        EXPECT_TRUE(DeleteObject(next));
+    }
+    CPen held(PS_SOLID, 1, RGB(1, 2, 3));
+    const DWORD before = ObjectsAlive();
+    EXPECT_FALSE(held.CreatePen(PS_SOLID, 2, RGB(1, 2, 3))); // holds one already
+    EXPECT_EQ(ObjectsAlive(), before);
+}
+
 TEST(GdiHandles, BitmapsHaveOneHolder)
 {
     const HDC first = CreateCompatibleDC(nullptr), second = CreateCompatibleDC(nullptr);

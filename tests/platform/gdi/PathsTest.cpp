@@ -2,6 +2,7 @@
 #include "GdiTestTools.h"
 
 #include <cmath>
+#include <random>
 
 namespace {
 
@@ -154,6 +155,49 @@ TEST(GdiPaths, PenWidthFollowsTheTransform)
         LineTo(canvas, 100, 0);
         canvas.SetTransform(1, 0, 0, 1, 0, 0);
         EXPECT_EQ(canvas.Drawn().Height(), c.rows) << c.width << " x " << c.scaleX;
+    }
+}
+
+/// The pixels of one line drawn over a fixed picture, alone or in a path with a second line far away.
+std::vector<COLORREF> PixelsOfLine(const POINT (&ends)[2], int bits, int rop, int width, bool turned, bool inPath)
+{
+    Canvas canvas(40, 30, bits);
+    for (int i = 0; i < 40 * 30; i += 3)
+        SetPixel(canvas, i % 40, i / 40, i % 2 ? 0xFFFFFF : RGB(i & 255, 70, 9));
+    Selected pen(canvas, CreatePen(PS_SOLID, width, RGB(10, 200, 30)));
+    SetROP2(canvas, rop);
+    if (turned)
+        canvas.SetTransform(0.6f, 0.8f, -0.8f, 0.6f, 18, -4);
+    if (inPath)
+        BeginPath(canvas);
+    MoveToEx(canvas, ends[0].x, ends[0].y, nullptr);
+    LineTo(canvas, ends[1].x, ends[1].y);
+    if (inPath) {
+        MoveToEx(canvas, 90000, 90000, nullptr);
+        LineTo(canvas, 90001, 90005);
+        EndPath(canvas);
+        StrokePath(canvas);
+    }
+    if (turned)
+        canvas.SetTransform(1, 0, 0, 1, 0, 0);
+    return canvas.Pixels();
+}
+
+// Single lines have ways of their own to the pixels, one for each depth and kind of operation.
+TEST(GdiPaths, ALineAloneIsTheLineOfALongerPath)
+{
+    std::mt19937 random(20);
+    const auto between = [&random](int low, int high) { return low + int(random() % unsigned(high - low + 1)); };
+    const int depths[] = {1, 24, 32, 32};
+    const int operations[] = {R2_BLACK, R2_NOT, R2_XORPEN, R2_NOP, R2_COPYPEN, R2_WHITE};
+    for (int i = 0; i < 200; ++i) {
+        const int reach = i % 7 == 0 ? 100000 : 50;
+        const POINT ends[2] = {{between(-reach, reach), between(-reach, reach)}, {between(-10, 50), between(-10, 40)}};
+        const int bits = depths[i % 4], rop = operations[between(0, 5)], width = i % 5 < 3 ? i % 2 : between(2, 9);
+        const bool turned = between(0, 3) == 0;
+        ASSERT_EQ(PixelsOfLine(ends, bits, rop, width, turned, false),
+                  PixelsOfLine(ends, bits, rop, width, turned, true))
+            << i << ": " << bits << " bits, operation " << rop << ", width " << width;
     }
 }
 
