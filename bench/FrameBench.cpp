@@ -11,7 +11,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -21,6 +23,11 @@ constexpr double kOurShare = 0.0001; // of the painted pixels: roundings of the 
 constexpr double kThinRims = 0.75;   // other rules move a thin line by half a pixel, over much of its length
 constexpr double kWideRims = 0.35;
 constexpr double kCount = 0.06;
+
+/// The limit's picture and what is drawn, which all rows of a workload share.
+using Picture = std::shared_ptr<const Pixels>;
+template <class Content>
+using Shared = std::shared_ptr<const Content>;
 
 /// Fails the row when more than a share of the painted pixels differs from the limit's, or their number does.
 void Compare(benchmark::State& state, const Pixels& pixels, const Pixels& expected, double share)
@@ -45,17 +52,17 @@ void Row(const std::string& name, Run run)
     benchmark::RegisterBenchmark(name.c_str(), run)->Unit(benchmark::kMillisecond);
 }
 
-Pixels LimitPicture(const Scene& scene)
+Picture LimitPicture(const Scene& scene)
 {
     LimitFrame frame;
     frame.Draw(scene);
     frame.Show();
-    return frame.Shown();
+    return std::make_shared<const Pixels>(frame.Shown());
 }
 
 /// A row of the limit or of a peer; `paint(frame)` draws between clearing and showing.
 template <class Frame, class Paint>
-void PlainRow(const std::string& name, const Pixels& expected, double share, Paint paint)
+void PlainRow(const std::string& name, const Picture& expected, double share, Paint paint)
 {
     Row(name + "/" + Frame::kName, [=](benchmark::State& state) {
         Frame frame;
@@ -64,13 +71,13 @@ void PlainRow(const std::string& name, const Pixels& expected, double share, Pai
             paint(frame);
             frame.Show();
         }
-        Compare(state, frame.Shown(), expected, share);
+        Compare(state, frame.Shown(), *expected, share);
     });
 }
 
 /// The rows of the limit and all peers.
 template <class Paint>
-void PlainRows(const std::string& name, const Pixels& expected, double rims, Paint paint)
+void PlainRows(const std::string& name, const Picture& expected, double rims, Paint paint)
 {
     PlainRow<LimitFrame>(name, expected, 0, paint);
     ForEachPeer([&](auto peer) { PlainRow<typename decltype(peer)::Type>(name, expected, rims, paint); });
@@ -78,41 +85,42 @@ void PlainRows(const std::string& name, const Pixels& expected, double rims, Pai
 
 /// A frame of Kolm's of the shapes in `content`.
 template <class Content>
-void KolmRow(const std::string& name, const Pixels& expected, const Content& content, const View* view)
+void KolmRow(const std::string& name, const Picture& expected, const Shared<Content>& content, const View* view)
 {
     Row(name + "/kolm", [=, shown = view ? *view : View{}, changed = view != nullptr](benchmark::State& state) {
         KolmFrame frame;
         if (changed)
             frame.Painter().Show(shown);
-        frame.Painter().Add(content);
+        frame.Painter().Add(*content);
         for (auto _ : state)
             frame.Frame();
-        Compare(state, frame.Shown(), expected, kOurShare);
+        Compare(state, frame.Shown(), *expected, kOurShare);
     });
 }
 
-void SceneRows(const std::string& name, const Scene& scene, double rims)
+void SceneRows(const std::string& name, Scene drawn, double rims)
 {
-    const Pixels expected = LimitPicture(scene);
+    const auto scene = std::make_shared<const Scene>(std::move(drawn));
+    const Picture expected = LimitPicture(*scene);
     KolmRow(name, expected, scene, nullptr);
-    PlainRows(name, expected, rims, [scene](auto& frame) { frame.Draw(scene); });
+    PlainRows(name, expected, rims, [scene](auto& frame) { frame.Draw(*scene); });
 }
 
 /// A board's tracks in millimetres: where their pixels are is part of the work.
 void BoardRows(const std::string& name, const std::string& file, double zoom)
 {
-    const std::vector<Track> tracks = ReadTracks(file);
-    if (tracks.empty())
+    const auto tracks = std::make_shared<const std::vector<Track>>(ReadTracks(file));
+    if (tracks->empty())
         return;
-    const View view = Fit(tracks, zoom);
+    const View view = Fit(*tracks, zoom);
     Scene scene;
-    for (const Track& t : tracks)
+    for (const Track& t : *tracks)
         scene.strokes.push_back(ToPixels(t, view));
-    const Pixels expected = LimitPicture(scene);
+    const Picture expected = LimitPicture(scene);
     KolmRow(name, expected, tracks, &view);
     PlainRows(name, expected, kThinRims, [tracks, view](auto& frame) {
         size_t index = 0;
-        for (const Track& t : tracks)
+        for (const Track& t : *tracks)
             frame.Line(ToPixels(t, view), PixelOf(index++));
     });
 }
@@ -126,13 +134,20 @@ void Toggle(LimitFrame& frame, const std::vector<Stroke>& lines)
     }
 }
 
+/// What is shown after the overlay was taken out has to be the black frame of before.
+void CompareUndone(benchmark::State& state, const Pixels& shown)
+{
+    if (std::any_of(shown.begin(), shown.end(), [](uint32_t pixel) { return (pixel & 0xFFFFFF) != 0; }))
+        state.SkipWithError("the overlay stayed in the saved frame");
+}
+
 /// Temporary lines over a frame: drawn with exclusive-or, shown, and taken out again.
 void OverlayRows(const std::string& name, const std::vector<Stroke>& lines)
 {
     LimitFrame limit;
     Toggle(limit, lines);
     limit.Show();
-    const Pixels expected = limit.Shown();
+    const auto expected = std::make_shared<const Pixels>(limit.Shown());
     Row(name + "/limit", [=](benchmark::State& state) {
         LimitFrame frame;
         for (auto _ : state) {
@@ -140,7 +155,9 @@ void OverlayRows(const std::string& name, const std::vector<Stroke>& lines)
             frame.Show();
             Toggle(frame, lines);
         }
-        Compare(state, frame.Shown(), expected, 0);
+        Compare(state, frame.Shown(), *expected, 0);
+        frame.Show();
+        CompareUndone(state, frame.Shown());
     });
     Row(name + "/saved_pixels", [=](benchmark::State& state) {
         LimitFrame frame, saved;
@@ -150,7 +167,9 @@ void OverlayRows(const std::string& name, const std::vector<Stroke>& lines)
             frame.Show();
             frame.CopyFrom(saved);
         }
-        Compare(state, frame.Shown(), expected, 0);
+        Compare(state, frame.Shown(), *expected, 0);
+        frame.Show();
+        CompareUndone(state, frame.Shown());
     });
     Row(name + "/kolm", [=](benchmark::State& state) {
         KolmFrame frame;
@@ -160,7 +179,9 @@ void OverlayRows(const std::string& name, const std::vector<Stroke>& lines)
             BenchPainter::Add(shapes, new CKGeomLine(s.x1, -s.y1, s.x2, -s.y2, 0));
         for (auto _ : state)
             frame.Overlay(shapes);
-        Compare(state, frame.Shown(), expected, 0);
+        Compare(state, frame.Shown(), *expected, 0);
+        frame.Transfer();
+        CompareUndone(state, frame.Shown());
     });
 }
 
@@ -204,30 +225,31 @@ void ClearRows(const std::string& name)
 }
 
 template <class Frame>
-void PlainTransferRow(const std::string& name, const Scene& scene, const Pixels& expected, double rims)
+void PlainTransferRow(const std::string& name, const Shared<Scene>& scene, const Picture& expected, double rims)
 {
     Row(name + "/" + Frame::kName, [=](benchmark::State& state) {
         Frame frame;
         frame.Clear(0);
-        frame.Draw(scene);
+        frame.Draw(*scene);
         for (auto _ : state) {
             frame.Show();
             benchmark::ClobberMemory();
         }
-        Compare(state, frame.Shown(), expected, rims);
+        Compare(state, frame.Shown(), *expected, rims);
     });
 }
 
-void TransferRows(const std::string& name, const Scene& scene)
+void TransferRows(const std::string& name, Scene drawn)
 {
-    const Pixels expected = LimitPicture(scene);
+    const auto scene = std::make_shared<const Scene>(std::move(drawn));
+    const Picture expected = LimitPicture(*scene);
     Row(name + "/kolm", [=](benchmark::State& state) {
         KolmFrame frame;
-        frame.Painter().Add(scene);
+        frame.Painter().Add(*scene);
         frame.Frame();
         for (auto _ : state)
             frame.Transfer();
-        Compare(state, frame.Shown(), expected, 0);
+        Compare(state, frame.Shown(), *expected, 0);
     });
     PlainTransferRow<LimitFrame>(name, scene, expected, 0);
     ForEachPeer([&](auto peer) { PlainTransferRow<typename decltype(peer)::Type>(name, scene, expected, kWideRims); });
