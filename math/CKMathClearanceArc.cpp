@@ -5,10 +5,12 @@
 #include "math/Nearest.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
 using geo::Arc;
+using geo::Facing;
 using geo::NearestPair;
 
 /// A point of an arc's circle on the line of two centres. The arc is asked at most once whether it has the point.
@@ -51,6 +53,59 @@ void TakeAxisPoints(NearestPair& best, const Arc& arc1, const Arc& arc2)
     take(facing1, far2);
 }
 
+/// The four pairs on the line of the centres before their points are computed: how near they are and on the arcs.
+class AxisGlance
+{
+public:
+    AxisGlance(const geo::Bounds& bounds, const Arc& arc1, const Arc& arc2) : m_bounds(bounds)
+    {
+        const KPointD toFar1 = {arc1.centre.x - arc2.centre.x, arc1.centre.y - arc2.centre.y};
+        const KPointD toFar2 = {-toFar1.x, -toFar1.y};
+        const double apart = geo::Distance(arc1.centre, arc2.centre);
+        const Facing facing1 = arc1.Look(toFar2), far1 = arc1.Look(toFar1);
+        const Facing facing2 = arc2.Look(toFar1), far2 = arc2.Look(toFar2);
+        Add(apart - arc1.radius - arc2.radius, facing1, facing2);
+        Add(apart + arc1.radius - arc2.radius, far1, facing2);
+        Add(apart + arc1.radius + arc2.radius, far1, far2);
+        Add(apart - arc1.radius + arc2.radius, facing1, far2);
+    }
+    /// A pair on both arcs is not further apart.
+    double Most() const { return m_most + m_bounds.PointSlack(); }
+    /// No pair on both arcs is nearer.
+    double Least() const { return m_least - m_bounds.Slack(); }
+
+private:
+    void Add(double signedDistance, Facing first, Facing second)
+    {
+        const double distance = std::fabs(signedDistance);
+        if (first != Facing::No && second != Facing::No)
+            m_least = std::min(m_least, distance);
+        if (first == Facing::Yes && second == Facing::Yes)
+            m_most = std::min(m_most, distance);
+    }
+
+    const geo::Bounds& m_bounds;
+    double m_least = std::numeric_limits<double>::infinity();
+    double m_most = std::numeric_limits<double>::infinity();
+};
+
+/// The candidates of NearestOf() in the same order.
+NearestPair NearestWithin(const geo::Bounds& bounds, const Arc& arc1, const Arc& arc2)
+{
+    const AxisGlance axis(bounds, arc1, arc2);
+    geo::NearestSearch search(bounds.Slack());
+    search.Limit(axis.Most());
+    search.OfferOnArc(arc1.start, arc2, false);
+    search.OfferOnArc(arc1.end, arc2, false);
+    search.OfferOnArc(arc2.start, arc1, true);
+    search.OfferOnArc(arc2.end, arc1, true);
+    NearestPair best = search.Nearest();
+    if (axis.Least() < best.distance)
+        TakeAxisPoints(best, arc1, arc2);
+    return best;
+}
+
+/// Every candidate in full, for arcs of any size.
 NearestPair NearestOf(const Arc& arc1, const Arc& arc2)
 {
     NearestPair best = geo::NearestOnArc(arc1.start, arc2);
@@ -107,7 +162,12 @@ double CKMath::GetDistancePointsOfArcToArc(KTwoPointD* points, double c1x, doubl
     KPointD contact;
     if (geo::IsContact(contact, arc1, arc2))
         return geo::Report(points, {contact, contact, 0.0});
-    NearestPair pair = NearestOf(arc1, arc2);
-    geo::ShrinkByWidths(pair, width1, width2, geo::Overlap::OnSecond);
-    return geo::Report(points, pair);
+    const geo::Bounds bounds(geo::Magnitude(arc1.centre) + geo::Magnitude(arc1.start) + geo::Magnitude(arc1.end) +
+                             geo::Magnitude(arc2.centre) + geo::Magnitude(arc2.start) + geo::Magnitude(arc2.end) + r1 +
+                             r2);
+    // Centres that nearly coincide have no line between them that tells anything.
+    const bool isBounded =
+        bounds.Suits(r1) && bounds.Suits(r2) && bounds.Suits(geo::Distance(arc1.centre, arc2.centre));
+    const NearestPair pair = isBounded ? NearestWithin(bounds, arc1, arc2) : NearestOf(arc1, arc2);
+    return geo::ReportEdges(points, pair, width1, width2, geo::Overlap::OnSecond);
 }

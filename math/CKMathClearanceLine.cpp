@@ -5,6 +5,7 @@
 #include "math/Turn.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 
 namespace {
@@ -39,6 +40,7 @@ NearestPair NearestOf(const Segment& a, const Segment& b)
     return {a.end, b.NearestTo(a.end), least};
 }
 
+/// Every candidate in full, for elements of any size.
 NearestPair NearestOf(const Segment& line, const geo::Arc& arc)
 {
     NearestPair best = geo::NearestOnArc(line.start, arc);
@@ -48,6 +50,33 @@ NearestPair NearestOf(const Segment& line, const geo::Arc& arc)
     // formula gives.
     best.Take(geo::PairOf(line.NearestTo(arc.start), arc.start));
     best.Take(geo::PairOf(line.NearestTo(arc.end), arc.end));
+    return best;
+}
+
+bool IsSame(KPointD a, KPointD b)
+{
+    return std::memcmp(&a, &b, sizeof a) == 0; // a zero of the other sign is another angle
+}
+
+/// The same candidates in the same order, without those that cannot win.
+NearestPair NearestWithin(const geo::Bounds& bounds, const Segment& line, const geo::Arc& arc)
+{
+    // Of the last two pairs the distance is known to what a foot on a flat line may be off.
+    const double foot = bounds.FootSlack();
+    const double ofStart = line.DistanceTo(arc.start);
+    const double ofEnd = line.DistanceTo(arc.end);
+    geo::NearestSearch search(bounds.Slack());
+    search.Limit(std::min(ofStart, ofEnd) + foot);
+    search.OfferOnArc(line.start, arc, false);
+    search.OfferOnArc(line.end, arc, false);
+    const KPointD middle = line.NearestTo(arc.centre);
+    if (!IsSame(middle, line.start) && !IsSame(middle, line.end))
+        search.OfferOnArc(middle, arc, false);
+    NearestPair best = search.Nearest();
+    if (ofStart - foot < best.distance)
+        best.Take(geo::PairOf(line.NearestTo(arc.start), arc.start));
+    if (ofEnd - foot < best.distance)
+        best.Take(geo::PairOf(line.NearestTo(arc.end), arc.end));
     return best;
 }
 
@@ -78,10 +107,10 @@ double CKMath::GetDistancePointsOfLineToLine(KTwoPointD* points, double x1, doub
 double CKMath::GetDistancePointsOfLineToLine(KTwoPointD* points, double x1, double y1, double x2, double y2,
                                              double width1, double x3, double y3, double x4, double y4, double width2)
 {
-    NearestPair pair = NearestOf(Segment{{x1, y1}, {x2, y2}}, Segment{{x3, y3}, {x4, y4}});
+    const NearestPair pair = NearestOf(Segment{{x1, y1}, {x2, y2}}, Segment{{x3, y3}, {x4, y4}});
     // Centre lines that cross keep their crossing. A negative width is a bare centre line like one of 0.
     if ((width1 > 0.0 || width2 > 0.0) && pair.distance > 0.0)
-        geo::ShrinkByWidths(pair, std::max(width1, 0.0), std::max(width2, 0.0), geo::Overlap::OnFirst);
+        return geo::ReportEdges(points, pair, std::max(width1, 0.0), std::max(width2, 0.0), geo::Overlap::OnFirst);
     return geo::Report(points, pair);
 }
 
@@ -91,11 +120,17 @@ double CKMath::GetDistancePointsOfLineToArc(KTwoPointD* points, double x1, doubl
 {
     const Segment line = {{x1, y1}, {x2, y2}};
     const geo::Arc arc({cx, cy}, {sx, sy}, {ex, ey}, radius, counterClockwise);
+    const geo::Bounds bounds(geo::Magnitude(line.start) + geo::Magnitude(line.end) + geo::Magnitude(arc.centre) +
+                             geo::Magnitude(arc.start) + geo::Magnitude(arc.end) + radius);
+    const bool isBounded = bounds.Suits(radius);
+    const geo::Facing contact = isBounded ? geo::GlanceAtContact(line, arc) : geo::Facing::Unclear;
+    if (contact == geo::Facing::Yes && !points)
+        return 0.0;
     KTwoPointD scratch;
     KTwoPointD& contacts = points ? *points : scratch;
-    if (IsContactLineToCircle(&contacts, 0, x1, y1, x2, y2, cx, cy, radius) && geo::KeepFacedByArc(contacts, arc))
+    if (contact != geo::Facing::No && IsContactLineToCircle(&contacts, 0, x1, y1, x2, y2, cx, cy, radius) &&
+        geo::KeepFacedByArc(contacts, arc))
         return 0.0;
-    NearestPair pair = NearestOf(line, arc);
-    geo::ShrinkByWidths(pair, lineWidth, arcWidth, geo::Overlap::OnFirst);
-    return geo::Report(points, pair);
+    const NearestPair pair = isBounded ? NearestWithin(bounds, line, arc) : NearestOf(line, arc);
+    return geo::ReportEdges(points, pair, lineWidth, arcWidth, geo::Overlap::OnFirst);
 }

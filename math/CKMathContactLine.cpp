@@ -2,7 +2,26 @@
 
 #include "math/Contact.h"
 
+#include <algorithm>
+
 namespace {
+
+/// The part of an infinite line in a circle, by what the crossings are found from. A line through the centre has no
+/// height to tell them apart by and takes the radius.
+struct Chord
+{
+    Chord(const geo::Segment& line, KPointD centre)
+        : middle(CKMath::GetDistanceInfiniteLinePoint(line.start.x, line.start.y, line.end.x, line.end.y, centre.x,
+                                                      centre.y)),
+          height(geo::Distance(centre, middle))
+    {
+        if (height == 0.0)
+            middle = centre;
+    }
+
+    KPointD middle;
+    double height;
+};
 
 /// Half the chord that a line at this distance from the centre cuts from the circle. By way of the angle, whose
 /// rounding is part of the result; the clamp takes the excess of a tangent.
@@ -17,6 +36,28 @@ double HalfChord(double height, double radius)
 }
 
 } // namespace
+
+geo::Facing geo::GlanceAtContact(const Segment& line, const Arc& arc)
+{
+    if (line.DistanceTo(arc.centre) > arc.radius)
+        return Facing::No;
+    const bool startOutside = Distance(line.start, arc.centre) >= arc.radius;
+    const bool endOutside = Distance(line.end, arc.centre) >= arc.radius;
+    if (!startOutside && !endOutside)
+        return Facing::No;
+    const Chord chord(line, arc.centre);
+    const double half = std::sqrt(std::max(arc.radius * arc.radius - chord.height * chord.height, 0.0));
+    const auto look = [&](KPointD end) {
+        const double part = half / Distance(chord.middle, end);
+        return arc.Look(arc.FromCentre(
+            {chord.middle.x + (end.x - chord.middle.x) * part, chord.middle.y + (end.y - chord.middle.y) * part}));
+    };
+    const Facing first = look(startOutside ? line.start : line.end);
+    const Facing second = startOutside && endOutside ? look(line.end) : first;
+    if (first == Facing::Yes || second == Facing::Yes)
+        return Facing::Yes;
+    return first == Facing::No && second == Facing::No ? Facing::No : Facing::Unclear;
+}
 
 int geo::KeepFacedByArc(KTwoPointD& points, const Arc& arc)
 {
@@ -50,12 +91,10 @@ int CKMath::IsContactLineToCircle(KTwoPointD* points, int insideCounts, double x
     if (!points)
         return 1;
 
-    // Each crossing lies half a chord before the foot of the centre, coming from the end on its side. A line through
-    // the centre has no height to tell them apart by and takes the radius.
-    const KPointD foot = GetDistanceInfiniteLinePoint(x1, y1, x2, y2, cx, cy);
-    const double height = geo::Distance(centre, foot);
-    const KPointD middle = height == 0.0 ? centre : foot;
-    const double half = height == 0.0 ? radius : HalfChord(height, radius);
+    // Each crossing lies half a chord before the foot of the centre, coming from the end on its side.
+    const Chord chord(line, centre);
+    const KPointD middle = chord.middle;
+    const double half = chord.height == 0.0 ? radius : HalfChord(chord.height, radius);
     const bool startOutside = startDistance >= radius;
     const bool endOutside = endDistance >= radius;
     const KPointD first = geo::Moved(startOutside ? line.start : line.end, middle, -half);

@@ -4,6 +4,9 @@
 #pragma once
 
 #include "math/CKMath.h"
+#include "math/Sector.h"
+
+#include <optional>
 
 namespace geo {
 
@@ -57,20 +60,41 @@ private:
     int m_counterClockwise;
 };
 
-/// The radius is what the caller says; whether the ends lie at it is not looked at.
-struct Arc
+/// The radius is what the caller says; whether the ends lie at it is not looked at. The angles of the ends are taken
+/// when a question first needs them.
+class Arc
 {
+public:
     Arc(KPointD centreOfArc, KPointD startOfArc, KPointD endOfArc, double radiusOfArc, int counterClockwise)
         : centre(centreOfArc), start(startOfArc), end(endOfArc), radius(radiusOfArc),
-          range(AngleOf(startOfArc), AngleOf(endOfArc), counterClockwise)
+          m_counterClockwise(counterClockwise), m_sector(FromCentre(startOfArc), FromCentre(endOfArc), counterClockwise)
     {}
     float AngleOf(KPointD p) const { return CKMath::GetLineAngle(centre.x, centre.y, p.x, p.y); }
+    KPointD FromCentre(KPointD p) const { return {p.x - centre.x, p.y - centre.y}; }
     /// Whether the polar angle of P about the centre lies on the arc, at any distance from it.
-    bool Faces(KPointD p) const { return range.Holds(AngleOf(p)); }
+    bool Faces(KPointD p) const
+    {
+        const Facing facing = m_sector.Look(FromCentre(p));
+        return facing == Facing::Unclear ? HoldsAngleOf(p) : facing == Facing::Yes;
+    }
+    /// Whether points in a direction from the centre lie on the arc, for points that are only known roughly, to 1e-4 of
+    /// their distance from the centre.
+    Facing Look(KPointD direction) const { return m_sector.Look(direction); }
 
-    KPointD centre, start, end;
-    double radius;
-    ArcRange range;
+    const KPointD centre, start, end;
+    const double radius;
+
+private:
+    bool HoldsAngleOf(KPointD p) const
+    {
+        if (!m_range)
+            m_range.emplace(AngleOf(start), AngleOf(end), m_counterClockwise);
+        return m_range->Holds(AngleOf(p));
+    }
+
+    int m_counterClockwise;
+    Sector m_sector;
+    mutable std::optional<ArcRange> m_range;
 };
 
 /// A closed rectangle; one whose edges are the wrong way round holds nothing.

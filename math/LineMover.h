@@ -17,7 +17,7 @@ public:
     {
         if (distance == 0.0)
             return m_through;
-        if (std::fmod(m_angle, 360.0f) == 0.0f)
+        if (m_angle == 0.0f) // the only whole turn from -180 to 180
             return {m_through.x + distance, m_through.y};
         // Turned about the first point onto the x axis, lengthened there, turned back. Adding and taking away the first
         // point rounds, and is part of the result.

@@ -5,6 +5,7 @@
 #include "math/Elements.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace geo {
 
@@ -47,30 +48,127 @@ enum class Overlap
     OnSecond
 };
 
-/// From centre lines to drawn edges: each point moves toward the other by half its own width, the second toward the
-/// new first. Drawn elements that touch or overlap have the distance 0. A negative width counts in the sum as it is but
-/// moves no point.
-inline void ShrinkByWidths(NearestPair& pair, double firstWidth, double secondWidth, Overlap overlap)
-{
-    const double halves = firstWidth * 0.5 + secondWidth * 0.5;
-    if (halves >= pair.distance) {
-        const KPointD both = overlap == Overlap::OnFirst ? pair.first : pair.second;
-        pair = {both, both, 0.0};
-        return;
-    }
-    if (firstWidth > 0.0)
-        pair.first = Moved(pair.second, pair.first, -firstWidth * 0.5);
-    if (secondWidth > 0.0)
-        pair.second = Moved(pair.first, pair.second, -secondWidth * 0.5);
-    pair.distance -= halves;
-}
-
 /// Hands the points over, if anybody wants them, and returns the distance that belongs to them.
 inline double Report(KTwoPointD* points, const NearestPair& pair)
 {
     if (points)
         *points = {pair.first.x, pair.first.y, pair.second.x, pair.second.y};
     return pair.distance;
+}
+
+/// How far elements reach: a sum of the magnitudes of their coordinates. Within it lies what rounding can do.
+class Bounds
+{
+public:
+    explicit Bounds(double extent) : m_extent(extent) {}
+    /// Whether a radius is so large that a point of the circle is known to 1e-4 of it, whatever was rounded on the way.
+    /// Not for NaN, infinities and numbers whose squares are none.
+    bool Suits(double length) const { return length >= 1e-6 * m_extent && m_extent < 1e100 && length > 1e-100; }
+    /// More than a distance is off that was found without taking an angle of single precision: an angle off by 1e-6 rad
+    /// makes a point on the line of a centre more distant by its square only.
+    double Slack() const { return 1e-9 * m_extent; }
+    /// More than a point is off by such an angle.
+    double PointSlack() const { return 1e-5 * m_extent; }
+    /// More than CKMath::GetDistanceLinePoint() is off the nearest point: it takes slopes below 1e-4 for flat.
+    double FootSlack() const { return 2e-4 * m_extent; }
+
+private:
+    double m_extent;
+};
+
+inline double Magnitude(KPointD p)
+{
+    return std::fabs(p.x) + std::fabs(p.y);
+}
+
+/// The search for the nearest of many pairs, which takes the dear points of arcs that P faces only when they can win.
+/// The result is that of taking all pairs in the order in which they are offered, each only when it is strictly nearer.
+///
+/// For elements within Bounds only: what is known about a point before it is computed holds for those.
+class NearestSearch
+{
+public:
+    explicit NearestSearch(double slack) : m_slack(slack) {}
+    void Offer(const NearestPair& pair) { Take(pair, m_offers++); }
+    /// The pairs of NearestOnArc(). `swapped` when the arc is the first element.
+    void OfferOnArc(KPointD p, const Arc& arc, bool swapped)
+    {
+        Offer(Ordered(PairOf(p, arc.start), swapped));
+        Offer(Ordered(PairOf(p, arc.end), swapped));
+        const Facing facing = arc.Look(arc.FromCentre(p));
+        if (facing != Facing::No)
+            m_waiting[m_waitingCount++] = {
+                std::fabs(Distance(p, arc.centre) - arc.radius) - m_slack, p, &arc, facing, swapped, m_offers};
+        ++m_offers;
+    }
+    /// Nobody is interested in a pair that is further apart.
+    void Limit(double distance) { m_limit = std::min(m_limit, distance); }
+    NearestPair Nearest()
+    {
+        while (m_waitingCount > 0) {
+            Radial* const least = std::min_element(m_waiting, m_waiting + m_waitingCount);
+            if (least->least > std::min(m_best.distance, m_limit))
+                break;
+            const NearestPair pair = PairOf(least->p, Moved(least->p, least->arc->centre, -least->arc->radius));
+            if (least->facing == Facing::Yes || least->arc->Faces(pair.second))
+                Take(Ordered(pair, least->swapped), least->number);
+            *least = m_waiting[--m_waitingCount];
+        }
+        return m_best;
+    }
+
+private:
+    /// P and the point of the arc that it faces, not computed yet.
+    struct Radial
+    {
+        double least; ///< the distance is not less
+        KPointD p;
+        const Arc* arc;
+        Facing facing;
+        bool swapped;
+        int number;
+
+        bool operator<(const Radial& other) const { return least < other.least; }
+    };
+
+    static NearestPair Ordered(const NearestPair& pair, bool swapped) { return swapped ? pair.Swapped() : pair; }
+    void Take(const NearestPair& pair, int number)
+    {
+        const bool isNearer =
+            pair.distance < m_best.distance || (pair.distance == m_best.distance && number < m_bestNumber);
+        if (!isNearer)
+            return;
+        m_best = pair;
+        m_bestNumber = number;
+    }
+
+    double m_slack;
+    double m_limit = std::numeric_limits<double>::infinity();
+    NearestPair m_best = {{}, {}, std::numeric_limits<double>::infinity()};
+    int m_bestNumber = 0;
+    int m_offers = 0;
+    Radial m_waiting[4];
+    int m_waitingCount = 0;
+};
+
+/// From centre lines to drawn edges: each point moves toward the other by half its own width, the second toward the
+/// new first. Drawn elements that touch or overlap have the distance 0. A negative width counts in the sum as it is but
+/// moves no point. The points go where `points` says, if anybody wants them; the distance is returned.
+inline double ReportEdges(KTwoPointD* points, NearestPair pair, double firstWidth, double secondWidth, Overlap overlap)
+{
+    const double halves = firstWidth * 0.5 + secondWidth * 0.5;
+    if (halves >= pair.distance) {
+        const KPointD both = overlap == Overlap::OnFirst ? pair.first : pair.second;
+        return Report(points, {both, both, 0.0});
+    }
+    pair.distance -= halves;
+    if (!points)
+        return pair.distance; // the moves cost several times as much as all else
+    if (firstWidth > 0.0)
+        pair.first = Moved(pair.second, pair.first, -firstWidth * 0.5);
+    if (secondWidth > 0.0)
+        pair.second = Moved(pair.first, pair.second, -secondWidth * 0.5);
+    return Report(points, pair);
 }
 
 } // namespace geo
