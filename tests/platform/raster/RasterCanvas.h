@@ -2,6 +2,7 @@
 #pragma once
 
 #include "gdi/raster/Rasterizer.h"
+#include "gdi/raster/RasterMath.h"
 
 #include <gtest/gtest.h>
 
@@ -83,8 +84,8 @@ inline gdi::EllipseArc MakeArc(int64_t x2, int64_t y2, int64_t radiusX2, int64_t
         const double rx = double(radiusX2) / 2;
         const double ry = double(radiusY2) / 2;
         const double scale = rx > 0 && ry > 0 ? 1 / std::hypot(dx / rx, dy / ry) : 0;
-        return gdi::DevicePoint{int32_t(std::floor(double(x2) / 2 + dx * scale + 0.5)),
-                                int32_t(std::floor(double(y2) / 2 + dy * scale + 0.5))};
+        const auto pixel = [](double v) { return gdi::SaturateToInt32(gdi::FloorToInt64(v + 0.5)); };
+        return gdi::DevicePoint{pixel(double(x2) / 2 + dx * scale), pixel(double(y2) / 2 + dy * scale)};
     };
     gdi::EllipseArc arc = {x2, y2, radiusX2, radiusY2, 0, 0, 0, 0, sweep >= 0, {0, 0}, {0, 0}, sweep == 0};
     arc.startX = std::cos(from) * 1000;
