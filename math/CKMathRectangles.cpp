@@ -48,8 +48,11 @@ int CKMath::IsInRectangle(double px, double py, double left, double right, doubl
 int CKMath::IsInRectangle(double px, double py, double left, double right, double bottom, double top, float angle,
                           int mirror)
 {
+    const Rectangle rectangle = {left, right, bottom, top};
+    if (rectangle.IsOutOfReach({px, py}))
+        return 0; // most points that are asked for, without a sine and a cosine
     TranslatePoint(px, py, -angle, mirror);
-    return IsInRectangle(px, py, left, right, bottom, top);
+    return rectangle.Holds({px, py});
 }
 
 int CKMath::IsInRectangle(double px, double py, CKRectD* rect, double margin)

@@ -6,6 +6,7 @@
 #include "math/CKMath.h"
 #include "math/Sector.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace geo {
@@ -102,7 +103,21 @@ struct Rectangle
 {
     double left, right, bottom, top;
 
-    bool Holds(KPointD p) const { return left <= p.x && p.x <= right && bottom <= p.y && p.y <= top; }
+    /// Without branches: on which side a point lies is anybody's guess.
+    bool Holds(KPointD p) const
+    {
+        return (int(left <= p.x) & int(p.x <= right) & int(bottom <= p.y) & int(p.y <= top)) != 0;
+    }
+    /// Whether no turn about the origin can bring P into the rectangle, as far as squares tell.
+    bool IsOutOfReach(KPointD p) const
+    {
+        constexpr double kSafe = 1e-290; // squares above it have lost nothing by being small
+        constexpr double kRounding = 1.0 + 1e-12;
+        const double width = std::max(left * left, right * right);
+        const double height = std::max(bottom * bottom, top * top);
+        const double squared = p.x * p.x + p.y * p.y;
+        return (int(squared > (width + height) * kRounding) & int(squared > kSafe)) != 0;
+    }
     /// The sides in clockwise order from the left one: 0 left, 1 top, 2 right, 3 bottom.
     Segment Side(int number) const
     {
