@@ -77,11 +77,12 @@ public:
 private:
     void Add(double signedDistance, Facing first, Facing second)
     {
+        constexpr double kNever = std::numeric_limits<double>::infinity();
         const double distance = std::fabs(signedDistance);
-        if (first != Facing::No && second != Facing::No)
-            m_least = std::min(m_least, distance);
-        if (first == Facing::Yes && second == Facing::Yes)
-            m_most = std::min(m_most, distance);
+        const bool isPossible = (int(first != Facing::No) & int(second != Facing::No)) != 0;
+        const bool isSure = (int(first == Facing::Yes) & int(second == Facing::Yes)) != 0;
+        m_least = std::min(m_least, isPossible ? distance : kNever);
+        m_most = std::min(m_most, isSure ? distance : kNever);
     }
 
     const geo::Bounds& m_bounds;

@@ -5,7 +5,6 @@
 #include "math/Turn.h"
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 
 namespace {
@@ -53,11 +52,6 @@ NearestPair NearestOf(const Segment& line, const geo::Arc& arc)
     return best;
 }
 
-bool IsSame(KPointD a, KPointD b)
-{
-    return std::memcmp(&a, &b, sizeof a) == 0; // a zero of the other sign is another angle
-}
-
 /// The same candidates in the same order, without those that cannot win.
 NearestPair NearestWithin(const geo::Bounds& bounds, const Segment& line, const geo::Arc& arc)
 {
@@ -69,9 +63,8 @@ NearestPair NearestWithin(const geo::Bounds& bounds, const Segment& line, const 
     search.Limit(std::min(ofStart, ofEnd) + foot);
     search.OfferOnArc(line.start, arc, false);
     search.OfferOnArc(line.end, arc, false);
-    const KPointD middle = line.NearestTo(arc.centre);
-    if (!IsSame(middle, line.start) && !IsSame(middle, line.end))
-        search.OfferOnArc(middle, arc, false);
+    if (!line.IsBeside(arc.centre)) // an end has been offered already
+        search.OfferOnArc(line.NearestTo(arc.centre), arc, false);
     NearestPair best = search.Nearest();
     if (ofStart - foot < best.distance)
         best.Take(geo::PairOf(line.NearestTo(arc.start), arc.start));

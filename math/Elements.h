@@ -31,6 +31,15 @@ struct Segment
     {
         return CKMath::GetDistanceLinePoint(start.x, start.y, end.x, end.y, p.x, p.y);
     }
+    /// Whether P is so clearly behind the start or beyond the end that NearestTo() is that end.
+    bool IsBeside(KPointD p) const
+    {
+        constexpr double kRounding = 1.0 + 1e-12;
+        const double dx = end.x - start.x;
+        const double dy = end.y - start.y;
+        const double along = (p.x - start.x) * dx + (p.y - start.y) * dy;
+        return (int(along < 0.0) | int(along > (dx * dx + dy * dy) * kRounding)) != 0;
+    }
 };
 
 /// The angles that an arc covers, its ends included, at float precision. Equal ends are a full circle. The ends are

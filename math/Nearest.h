@@ -89,17 +89,24 @@ class NearestSearch
 {
 public:
     explicit NearestSearch(double slack) : m_slack(slack) {}
-    void Offer(const NearestPair& pair) { Take(pair, m_offers++); }
+    // Which pair is nearest cannot be predicted, so all are stored and only the number is chosen.
+    void Offer(const NearestPair& pair)
+    {
+        m_pairs[m_offers] = pair;
+        const bool isNearer = pair.distance < m_distance;
+        m_distance = isNearer ? pair.distance : m_distance;
+        m_nearest = isNearer ? m_offers : m_nearest;
+        ++m_offers;
+    }
     /// The pairs of NearestOnArc(). `swapped` when the arc is the first element.
     void OfferOnArc(KPointD p, const Arc& arc, bool swapped)
     {
         Offer(Ordered(PairOf(p, arc.start), swapped));
         Offer(Ordered(PairOf(p, arc.end), swapped));
         const Facing facing = arc.Look(arc.FromCentre(p));
-        if (facing != Facing::No)
-            m_waiting[m_waitingCount++] = {
-                std::fabs(Distance(p, arc.centre) - arc.radius) - m_slack, p, &arc, facing, swapped, m_offers};
-        ++m_offers;
+        m_waiting[m_waitingCount] = {
+            std::fabs(Distance(p, arc.centre) - arc.radius) - m_slack, p, &arc, facing, swapped, m_offers++};
+        m_waitingCount += int(facing != Facing::No);
     }
     /// Nobody is interested in a pair that is further apart.
     void Limit(double distance) { m_limit = std::min(m_limit, distance); }
@@ -107,14 +114,14 @@ public:
     {
         while (m_waitingCount > 0) {
             Radial* const least = std::min_element(m_waiting, m_waiting + m_waitingCount);
-            if (least->least > std::min(m_best.distance, m_limit))
+            if (least->least > std::min(m_distance, m_limit))
                 break;
             const NearestPair pair = PairOf(least->p, Moved(least->p, least->arc->centre, -least->arc->radius));
             if (least->facing == Facing::Yes || least->arc->Faces(pair.second))
                 Take(Ordered(pair, least->swapped), least->number);
             *least = m_waiting[--m_waitingCount];
         }
-        return m_best;
+        return m_pairs[m_nearest];
     }
 
 private:
@@ -132,21 +139,23 @@ private:
     };
 
     static NearestPair Ordered(const NearestPair& pair, bool swapped) { return swapped ? pair.Swapped() : pair; }
+    /// Of equally near pairs the one that was offered first stays.
     void Take(const NearestPair& pair, int number)
     {
-        const bool isNearer =
-            pair.distance < m_best.distance || (pair.distance == m_best.distance && number < m_bestNumber);
+        const bool isNearer = pair.distance < m_distance || (pair.distance == m_distance && number < m_nearest);
         if (!isNearer)
             return;
-        m_best = pair;
-        m_bestNumber = number;
+        m_pairs[number] = pair;
+        m_distance = pair.distance;
+        m_nearest = number;
     }
 
     double m_slack;
     double m_limit = std::numeric_limits<double>::infinity();
-    NearestPair m_best = {{}, {}, std::numeric_limits<double>::infinity()};
-    int m_bestNumber = 0;
+    double m_distance = std::numeric_limits<double>::infinity();
+    int m_nearest = 0;
     int m_offers = 0;
+    NearestPair m_pairs[12]; ///< four points with three pairs each; those still waiting are unset
     Radial m_waiting[4];
     int m_waitingCount = 0;
 };
