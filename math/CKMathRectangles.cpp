@@ -50,7 +50,7 @@ int CKMath::IsInRectangle(double px, double py, double left, double right, doubl
 {
     const Rectangle rectangle = {left, right, bottom, top};
     if (rectangle.IsOutOfReach({px, py}))
-        return 0; // most points that are asked for, without a sine and a cosine
+        return 0; // without a sine and a cosine
     TranslatePoint(px, py, -angle, mirror);
     return rectangle.Holds({px, py});
 }

@@ -134,11 +134,6 @@ void WildcardMatcher::Fold(const FoldTable& table)
     }
 }
 
-bool WildcardMatcher::Matches(std::string_view text) const
-{
-    return m_words == 1 ? MatchesOneWord(text) : m_words > 1 && MatchesManyWords(text);
-}
-
 bool WildcardMatcher::MatchesOneWord(std::string_view text) const
 {
     const uint64_t* const accepts = m_accepts.data();
@@ -158,6 +153,8 @@ bool WildcardMatcher::MatchesOneWord(std::string_view text) const
 /// that is a single one.
 bool WildcardMatcher::MatchesManyWords(std::string_view text) const
 {
+    if (m_words == 0)
+        return false;
     Bits reached = m_starts;
     size_t first = 0, last = m_words - 1;
     for (const char ch : text) {

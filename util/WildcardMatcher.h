@@ -30,8 +30,15 @@ public:
     /// False when the standard engine refuses a pattern of this length. Such a matcher matches nothing.
     bool IsUsable() const { return m_words > 0; }
 
-    /// Whether the text as a whole matches.
-    bool Matches(std::string_view text) const;
+    /// Whether the text as a whole matches. The first byte settles many texts.
+    bool Matches(std::string_view text) const
+    {
+        if (m_words != 1)
+            return MatchesManyWords(text);
+        if (!text.empty() && (m_starts[0] & (m_accepts[static_cast<unsigned char>(text[0])] | m_runs[0])) == 0)
+            return false;
+        return MatchesOneWord(text);
+    }
 
 private:
     using Bits = std::vector<uint64_t>;
