@@ -1,5 +1,6 @@
 /// Files by handle. A handle is a number, never an address: the slot in a table and the slot's generation, so that a
 /// handle that was closed stays invalid when its slot is used again.
+#include "base/Immortal.h"
 #include "base/SystemError.h"
 #include "base/winkernel.h"
 
@@ -28,11 +29,9 @@ struct FileTable
     std::vector<Slot> slots;
 };
 
-/// Never destroyed: statics of a host may close files while the process ends.
 FileTable& Files()
 {
-    static FileTable* table = new FileTable;
-    return *table;
+    return Immortal<FileTable>();
 }
 
 HANDLE HandleOf(size_t index, uint32_t generation)

@@ -1,3 +1,4 @@
+#include "base/Immortal.h"
 #include "base/winkernel.h"
 
 #include <cstdlib>
@@ -23,11 +24,9 @@ struct BlockTable
     std::unordered_map<HGLOBAL, Block> blocks;
 };
 
-/// Never destroyed: statics of a host may free blocks while the process ends.
 BlockTable& Blocks()
 {
-    static BlockTable* table = new BlockTable;
-    return *table;
+    return Immortal<BlockTable>();
 }
 
 /// The block, or null with the error set. The table has to be locked.
@@ -65,7 +64,8 @@ HGLOBAL GlobalAlloc(UINT flags, SIZE_T bytes)
         BlockTable& table = Blocks();
         const std::lock_guard<std::mutex> guard(table.mutex);
         table.blocks[memory] = {bytes, (flags & GMEM_MOVEABLE) != 0, 0};
-    } catch (const std::bad_alloc&) { // no room for the entry: a block that the table does not know could never be freed
+    } catch (const std::bad_alloc&)
+    { // no room for the entry: a block that the table does not know could never be freed
         std::free(memory);
         return NoMemory();
     }
