@@ -7,8 +7,8 @@ class ArchiveNesting
 public:
     static constexpr int kDeepest = 128;
 
-    /// One container record. Raises the archive's bad-schema exception when it would lie too deep; leaves its level when
-    /// an exception passes, too.
+    /// One container record. Raises the archive's bad-schema exception when it would lie too deep; leaves its level
+    /// when an exception passes, too.
     ArchiveNesting();
     ~ArchiveNesting();
     ArchiveNesting(const ArchiveNesting&) = delete;

@@ -25,8 +25,9 @@ private:
 };
 
 /// No memory, or a size that no memory could have. Raised by arrays, archives and files in memory; what is made with
-/// new, texts included, raises std::bad_alloc instead, and a host catches both. Functions with a failure value (those of
-/// winkernel.h, wingdi.h and winuser.h) raise neither: they answer it, with ERROR_NOT_ENOUGH_MEMORY for GetLastError().
+/// new, texts included, raises std::bad_alloc instead, and a host catches both. Functions with a failure value (those
+/// of winkernel.h, wingdi.h and winuser.h) raise neither: they answer it, with ERROR_NOT_ENOUGH_MEMORY for
+/// GetLastError().
 class KOLM_API CMemoryException : public CException
 {
 public:

@@ -54,8 +54,8 @@ struct Transform
     XFORM Get() const;
     /// The exact logical point of a device point, but for rounding of doubles.
     RealPoint Inverse(RealPoint device) const;
-    /// The logical point of a device point as ints. Of the candidates beside the exact inverse the one that maps back is taken,
-    /// so that points given as ints come out as they went in where the transform does not shrink.
+    /// The logical point of a device point as ints. Of the candidates beside the exact inverse the one that maps back
+    /// is taken, so that points given as ints come out as they went in where the transform does not shrink.
     POINT ToLogical(RealPoint device) const;
 };
 
