@@ -94,6 +94,24 @@ TEST(CKGeomNesting, WhatIsStoredLoadsAndTooDeepIsRefusedBothWays)
     }
 }
 
+/// 128 container records may lie in each other; a tower's top adds one to its levels.
+TEST(CKGeomNesting, TheLimitIsTheSameBothWays)
+{
+    const std::unique_ptr<CKGeomPolygon> highest = Tower(127), tooHigh = Tower(128);
+    CKGeomPolygon loaded;
+    EXPECT_EQ(Load(loaded, Stored(*highest)).cause, CArchiveException::none);
+    EXPECT_EQ(Height(&loaded), 127);
+    CMemFile file;
+    CArchive archive(&file, CArchive::store);
+    EXPECT_EQ(ArchiveCause([&] { tooHigh->Serialize(archive); }), CArchiveException::badSchema);
+    archive.Abort();
+
+    // Below the outermost container, and cut off there.
+    CKGeomContainer container;
+    EXPECT_EQ(Load(container, HostileRecord(127)).cause, CArchiveException::endOfFile);
+    EXPECT_EQ(Load(container, HostileRecord(128)).cause, CArchiveException::badSchema);
+}
+
 TEST(CKGeomNesting, HostileArchivesEndInAnException)
 {
     for (int attempt = 0; attempt < 2; ++attempt) {

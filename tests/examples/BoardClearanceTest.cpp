@@ -66,6 +66,10 @@ TEST(BoardClearance, KnownPlaces)
          SegmentItem("(start 102.16 51.23) (end 110.03 43.36)", "0.2", 1) +
              SegmentItem("(start 110.42 42.97) (end 129.52 23.87)", "0.2", 2),
          "F.Cu A B 0.3515 110.1007 43.2893 110.3493 43.0407\n1 pair\n"},
+        {"the same with wider tracks, 0.39 sqrt 2 - 0.5 apart",
+         SegmentItem("(start 102.16 51.23) (end 110.03 43.36)", "0.5", 1) +
+             SegmentItem("(start 110.42 42.97) (end 129.52 23.87)", "0.5", 2),
+         "F.Cu A B 0.0515 110.2068 43.1832 110.2432 43.1468\n1 pair\n"},
         {"nearest first, a ring at (2, -0.7) and one at (7, 0.6)",
          kTrackA + ViaItem("2 -0.7", through.c_str(), 2) + ViaItem("7 0.6", through.c_str(), 2),
          "F.Cu A B 0.1000 7.0000 0.1000 7.0000 0.2000\nF.Cu A B 0.2000 2.0000 -0.1000 2.0000 -0.3000\n2 pairs\n"},

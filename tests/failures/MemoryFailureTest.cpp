@@ -230,6 +230,35 @@ TEST(MemoryFailure, SelectionsAreUndone)
     }
 }
 
+/// A line for which there is no memory is left out and said to be, whichever of the path's lists could not grow.
+TEST(MemoryFailure, PathsStayWhole)
+{
+    Canvas canvas;
+    CDC* const dc = canvas.Get();
+    GdiSetTrace(*dc, nullptr);
+    int lines = 100;
+    for (size_t n = 1; n <= 4; ++n) {
+        lines *= 4; // more than ever before, so that both lists have to grow
+        dc->BeginPath();
+        dc->MoveTo(0, 0);
+        int refused = 0;
+        {
+            const FailingAllocation failing(n);
+            SetLastError(NO_ERROR);
+            for (int i = 1; i <= lines; ++i)
+                refused += !dc->LineTo(i % 64, i % 61);
+        }
+        EXPECT_EQ(refused, 1) << n;
+        EXPECT_EQ(GetLastError(), ERROR_NOT_ENOUGH_MEMORY) << n;
+        dc->EndPath();
+        std::vector<POINT> points(size_t(lines + 1 - refused));
+        std::vector<BYTE> types(points.size());
+        ASSERT_EQ(GetPath(*dc, points.data(), types.data(), int(points.size())), int(points.size())) << n;
+        EXPECT_EQ(At(points.back()), XY(lines % 64, lines % 61)) << n << ": each line kept its own point";
+        EXPECT_TRUE(dc->FillPath()) << n;
+    }
+}
+
 TEST(MemoryFailure, Search)
 {
     const auto found = [] {

@@ -5,6 +5,11 @@
 #include <dlfcn.h>
 #include <vector>
 
+// The library's entry once more, under a name of its own and with a module record of its own.
+#define DllMain EntryOfASecondModule
+#include "module/DllMain.cpp"
+#undef DllMain
+
 namespace {
 
 std::vector<HMODULE> RegisteredModules()
@@ -51,6 +56,22 @@ TEST(Module, ModulesComeAndGo)
     EXPECT_EQ(RegisteredModules(), expected) << "all entries of one module go, no others";
     AfxTermExtensionModule(firstModule);
     AfxTermExtensionModule(secondModule);
+    EXPECT_EQ(RegisteredModules(), before);
+}
+
+TEST(Module, TheEntryRegistersAndRefuses)
+{
+    const std::vector<HMODULE> before = RegisteredModules();
+    EXPECT_EQ(EntryOfASecondModule(nullptr, DLL_PROCESS_ATTACH, nullptr), 0)
+        << "what cannot be initialized fails the load";
+    EXPECT_EQ(RegisteredModules(), before);
+    int place;
+    const HMODULE handle = reinterpret_cast<HMODULE>(&place);
+    EXPECT_EQ(EntryOfASecondModule(handle, DLL_PROCESS_ATTACH, nullptr), 1);
+    std::vector<HMODULE> expected = before;
+    expected.push_back(handle);
+    EXPECT_EQ(RegisteredModules(), expected);
+    EXPECT_EQ(EntryOfASecondModule(handle, DLL_PROCESS_DETACH, nullptr), 1);
     EXPECT_EQ(RegisteredModules(), before);
 }
 

@@ -62,6 +62,10 @@ TEST(CKStringSearch, MatchesOneText)
         {"do not have it here", "a.b", "AXB", 0, 0},
         {"plain wildcards", "'*'?'#", "*?#-", 1, 1},
         {"letters of the conversion are not from the text", "#", "d", 0, 0},
+        {"the first digit", "#", "0", 1, 1},
+        {"the last digit", "#", "9", 1, 1},
+        {"the character before the digits", "?", "/", 1, 1},
+        {"the character after the digits", "?", ":", 1, 1},
         {"high bytes are compared as they are", "\xC3\xA4*", "\xC3\x84", 0, 0},
         {"and found", "\xC3\xA4*", "\xC3\xA4z", 1, 1},
     };

@@ -88,6 +88,22 @@ TEST(JpegFile, EveryDepthAndDirection)
     }
 }
 
+/// Two colours by a table, and the same two in each pixel: one picture, so one file.
+TEST(JpegFile, ColoursOfATable)
+{
+    const uint32_t left = 0xC01040, right = 0x2080F0; // blue in the low byte
+    Bytes table = MakeBitmap(64, 24, 1, 2), plain = MakeBitmap(64, 24, 24, 0);
+    Put(table, 54, right, 4);
+    Put(table, 58, left, 4);
+    for (size_t pixel = 0; pixel < 64 * 24; ++pixel)
+        Put(plain, 54 + 3 * pixel, pixel % 64 < 32 ? left : right, 3);
+    Write(Path("table.bmp"), table);
+    Write(Path("plain.bmp"), plain);
+    ASSERT_EQ(ConvertBitmapFileToJpegFile(Path("table.bmp").c_str(), Path("table.jpg").c_str()), 1);
+    ASSERT_EQ(ConvertBitmapFileToJpegFile(Path("plain.bmp").c_str(), Path("plain.jpg").c_str()), 1);
+    EXPECT_TRUE(Read(Path("table.jpg")) == Read(Path("plain.jpg")));
+}
+
 TEST(JpegFile, BrokenBitmapsLeaveTheOldPicture)
 {
     const Bytes good = MakeBitmap(40, 5, 32, 1), old = {1, 2, 3};

@@ -85,13 +85,17 @@ TEST(CosmeticLine, OutsideCostsNothing)
 
 TEST(CosmeticLine, DashesRunOnAndSurviveClipping)
 {
-    // By hand: 3 on, 2 off, along an L of 7 + 5 pixels. The corner pixel is number 7, the third of its dash and gap.
+    // By hand: 3 on, 2 off, along a hook of 7 + 5 + 6 pixels. The corner pixels are number 7, the third of its dash and
+    // gap, and number 12, the third again.
     const uint8_t pattern[] = {3, 2, 0};
     Canvas canvas(12, 12);
-    Rasterizer().StrokeCosmetic(Polyline({{1, 1}, {8, 1}, {8, 6}}), pattern, MakeInk(), canvas.Surface(), canvas.All());
-    const char* const kOn = "111001110011"; // pixels 0 to 11
-    for (int i = 0; i < 12; ++i)
-        EXPECT_EQ(canvas.IsSet(i < 7 ? 1 + i : 8, i < 7 ? 1 : 1 + i - 7), kOn[i] == '1') << i;
+    Rasterizer().StrokeCosmetic(Polyline({{1, 1}, {8, 1}, {8, 6}, {2, 6}}), pattern, MakeInk(), canvas.Surface(),
+                                canvas.All());
+    const char* const kOn = "111001110011100111"; // pixels 0 to 17
+    for (int i = 0; i < 18; ++i) {
+        const int x = i < 7 ? 1 + i : i < 12 ? 8 : 8 - (i - 12), y = i < 7 ? 1 : i < 12 ? 1 + i - 7 : 6;
+        EXPECT_EQ(canvas.IsSet(x, y), kOn[i] == '1') << i;
+    }
 
     const uint8_t odd[] = {4, 1, 2, 0}; // turns into 4 on, 1 off, 2 on, 4 off, 1 on, 2 off
     Random random(2);
