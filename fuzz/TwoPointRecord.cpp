@@ -23,7 +23,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const double before[] = {1, 2, 3, 4};
     const double after[] = {points.GetX1(), points.GetY1(), points.GetX2(), points.GetY2()};
     int32_t version = 0;
-    std::memcpy(&version, data, size >= 4 ? 4 : 0);
+    if (size >= 4)
+        std::memcpy(&version, data, 4);
     for (size_t i = 0; i < 4; ++i) {
         const bool read = version >= 1 && size >= 4 + 8 * (i + 1);
         Require(std::memcmp(&after[i], read ? data + 4 + 8 * i : reinterpret_cast<const uint8_t*>(&before[i]), 8) == 0,
