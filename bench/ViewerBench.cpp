@@ -28,10 +28,11 @@ bool Open(benchmark::State& state, BoardView& view, int steps)
     return true;
 }
 
-void Frame(benchmark::State& state, bool simple)
+/// A frame in full or, as while the board is dragged, as outlines.
+void Frame(benchmark::State& state, bool simple, int steps)
 {
     BoardView view;
-    if (!Open(state, view, int(state.range(0))))
+    if (!Open(state, view, steps))
         return;
     if (simple)
         view.Painter()->EnableSimpleDraw();
@@ -41,16 +42,6 @@ void Frame(benchmark::State& state, bool simple)
         benchmark::DoNotOptimize(view.Pixels().bmBits);
         way = -way;
     }
-}
-
-void FullFrame(benchmark::State& state)
-{
-    Frame(state, false);
-}
-
-void PanOutlines(benchmark::State& state)
-{
-    Frame(state, true);
 }
 
 /// A click in the middle and the paint of its overlay.
@@ -77,10 +68,12 @@ void Find(benchmark::State& state)
         benchmark::DoNotOptimize(view.Find("U1* /B?"));
 }
 
-BENCHMARK(FullFrame)->ArgName("zoom")->Arg(0)->Arg(8)->Unit(benchmark::kMillisecond);
-BENCHMARK(PanOutlines)->ArgName("zoom")->Arg(0)->Arg(8)->Unit(benchmark::kMillisecond);
-BENCHMARK(Pick)->Unit(benchmark::kMillisecond);
-BENCHMARK(Find)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Frame, fitted, false, 0)->Name("viewer/full_frame/fitted")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Frame, zoomed, false, 8)->Name("viewer/full_frame/zoomed")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Frame, fitted, true, 0)->Name("viewer/pan_in_outlines/fitted")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Frame, zoomed, true, 8)->Name("viewer/pan_in_outlines/zoomed")->Unit(benchmark::kMillisecond);
+BENCHMARK(Pick)->Name("viewer/pick/zoomed")->Unit(benchmark::kMillisecond);
+BENCHMARK(Find)->Name("viewer/find/fitted")->Unit(benchmark::kMillisecond);
 
 } // namespace
 
