@@ -36,16 +36,7 @@ public:
     void Show() { m_windowBase.copy_from(m_buffer); }
     const std::vector<uint32_t>& Shown() const { return m_shown; }
 
-    void Draw(const Scene& scene)
-    {
-        size_t index = 0;
-        for (const Stroke& s : scene.strokes)
-            Line(s, PixelOf(index++));
-        for (const Arc& a : scene.arcs)
-            DrawArc(a, PixelOf(index++));
-        for (const Pad& p : scene.pads)
-            DrawPad(p, PixelOf(index++));
-    }
+    void Draw(const Scene& scene) { DrawScene(*this, scene); }
     void Line(const Stroke& s, uint32_t color)
     {
         if (s.width <= 1) {
@@ -59,6 +50,28 @@ public:
         m_path.move_to(s.x1 + 0.5, s.y1 + 0.5);
         m_path.line_to(s.x2 + 0.5, s.y2 + 0.5);
         StrokeOf(m_path, s.width, color);
+    }
+
+    void DrawArc(const Arc& a, uint32_t color)
+    {
+        const double start = std::atan2(a.startY - a.y, a.startX - a.x);
+        double end = std::atan2(a.endY - a.y, a.endX - a.x);
+        end += end <= start ? 6.283185307179586 : 0;
+        agg::arc arc(a.x + 0.5, a.y + 0.5, a.radius, a.radius, start, end);
+        StrokeOf(arc, a.width, color);
+    }
+
+    void DrawPad(const Pad& p, uint32_t color)
+    {
+        if (!p.disc) {
+            m_base.copy_bar(p.x - p.halfWidth, p.y - p.halfHeight, p.x + p.halfWidth - 1, p.y + p.halfHeight - 1,
+                            ColorOf(color));
+            return;
+        }
+        agg::ellipse disc(p.x + 0.5, p.y + 0.5, p.halfWidth, p.halfWidth);
+        m_rasterizer.reset();
+        m_rasterizer.add_path(disc);
+        agg::render_scanlines_bin_solid(m_rasterizer, m_scanline, m_base, ColorOf(color));
     }
 
 private:
@@ -77,26 +90,6 @@ private:
         stroke.line_join(agg::round_join);
         m_rasterizer.reset();
         m_rasterizer.add_path(stroke);
-        agg::render_scanlines_bin_solid(m_rasterizer, m_scanline, m_base, ColorOf(color));
-    }
-    void DrawArc(const Arc& a, uint32_t color)
-    {
-        const double start = std::atan2(a.startY - a.y, a.startX - a.x);
-        double end = std::atan2(a.endY - a.y, a.endX - a.x);
-        end += end <= start ? 6.283185307179586 : 0;
-        agg::arc arc(a.x + 0.5, a.y + 0.5, a.radius, a.radius, start, end);
-        StrokeOf(arc, a.width, color);
-    }
-    void DrawPad(const Pad& p, uint32_t color)
-    {
-        if (!p.disc) {
-            m_base.copy_bar(p.x - p.halfWidth, p.y - p.halfHeight, p.x + p.halfWidth - 1, p.y + p.halfHeight - 1,
-                            ColorOf(color));
-            return;
-        }
-        agg::ellipse disc(p.x + 0.5, p.y + 0.5, p.halfWidth, p.halfWidth);
-        m_rasterizer.reset();
-        m_rasterizer.add_path(disc);
         agg::render_scanlines_bin_solid(m_rasterizer, m_scanline, m_base, ColorOf(color));
     }
 

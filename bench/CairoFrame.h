@@ -49,16 +49,8 @@ public:
         return pixels;
     }
 
-    void Draw(const Scene& scene)
-    {
-        size_t index = 0;
-        for (const Stroke& s : scene.strokes)
-            Line(s, PixelOf(index++));
-        for (const Arc& a : scene.arcs)
-            DrawArc(a, PixelOf(index++));
-        for (const Pad& p : scene.pads)
-            DrawPad(p, PixelOf(index++));
-    }
+    void Draw(const Scene& scene) { DrawScene(*this, scene); }
+
     // Pixel centres lie at halves.
     void Line(const Stroke& s, uint32_t color)
     {
@@ -68,6 +60,25 @@ public:
         cairo_move_to(m_cairo, s.x1 + 0.5, s.y1 + 0.5);
         cairo_line_to(m_cairo, s.x2 + 0.5, s.y2 + 0.5);
         cairo_stroke(m_cairo);
+    }
+
+    void DrawArc(const Arc& a, uint32_t color)
+    {
+        UseColor(color);
+        cairo_set_line_width(m_cairo, a.width);
+        cairo_arc(m_cairo, a.x + 0.5, a.y + 0.5, a.radius, std::atan2(a.startY - a.y, a.startX - a.x),
+                  std::atan2(a.endY - a.y, a.endX - a.x));
+        cairo_stroke(m_cairo);
+    }
+
+    void DrawPad(const Pad& p, uint32_t color)
+    {
+        UseColor(color);
+        if (p.disc)
+            cairo_arc(m_cairo, p.x + 0.5, p.y + 0.5, p.halfWidth, 0, 6.283185307179586);
+        else
+            cairo_rectangle(m_cairo, p.x - p.halfWidth, p.y - p.halfHeight, 2 * p.halfWidth, 2 * p.halfHeight);
+        cairo_fill(m_cairo);
     }
 
 private:
@@ -80,23 +91,6 @@ private:
     {
         cairo_set_source_rgb(m_cairo, (color >> 16 & 0xFF) / 255.0, (color >> 8 & 0xFF) / 255.0,
                              (color & 0xFF) / 255.0);
-    }
-    void DrawArc(const Arc& a, uint32_t color)
-    {
-        UseColor(color);
-        cairo_set_line_width(m_cairo, a.width);
-        cairo_arc(m_cairo, a.x + 0.5, a.y + 0.5, a.radius, std::atan2(a.startY - a.y, a.startX - a.x),
-                  std::atan2(a.endY - a.y, a.endX - a.x));
-        cairo_stroke(m_cairo);
-    }
-    void DrawPad(const Pad& p, uint32_t color)
-    {
-        UseColor(color);
-        if (p.disc)
-            cairo_arc(m_cairo, p.x + 0.5, p.y + 0.5, p.halfWidth, 0, 6.283185307179586);
-        else
-            cairo_rectangle(m_cairo, p.x - p.halfWidth, p.y - p.halfHeight, 2 * p.halfWidth, 2 * p.halfHeight);
-        cairo_fill(m_cairo);
     }
 
     cairo_surface_t* m_surface;

@@ -30,16 +30,7 @@ public:
     }
     const std::vector<uint32_t>& Shown() const { return m_shown; }
 
-    void Draw(const Scene& scene)
-    {
-        size_t index = 0;
-        for (const Stroke& s : scene.strokes)
-            Line(s, PixelOf(index++));
-        for (const Arc& a : scene.arcs)
-            WideArc(a, PixelOf(index++));
-        for (const Pad& p : scene.pads)
-            Filled(p, PixelOf(index++));
-    }
+    void Draw(const Scene& scene) { DrawScene(*this, scene); }
 
     /// Nothing when it lies outside; a thin line for a width of 0 or 1, a segment with round ends for others.
     void Line(const Stroke& s, uint32_t color)
@@ -76,6 +67,50 @@ public:
                 pixel += minorStep;
             }
         }
+    }
+
+    /// The ring between two discs, cut by the half planes of its ends, and a disc at both ends.
+    void DrawArc(const Arc& a, uint32_t color)
+    {
+        const int startX = a.startX - a.x, startY = a.startY - a.y, endX = a.endX - a.x, endY = a.endY - a.y;
+        const bool convex = startX * endY - startY * endX > 0;
+        const int outerDiameter = 2 * a.radius + a.width, innerDiameter = 2 * a.radius - a.width;
+        const DiscRow *const outer = Disc(outerDiameter), *const inner = Disc(innerDiameter);
+        // A direction lies between the ends when it comes after the start and (in the smaller part) before the end.
+        const bool passesTop = convex ? startX <= 0 && endX >= 0 : startX <= 0 || endX >= 0;
+        const bool passesBottom = convex ? startX >= 0 && endX <= 0 : startX >= 0 || endX <= 0;
+        const int top = passesTop ? -a.radius : std::min(startY, endY), reach = a.width / 2 + 1;
+        const int bottom = passesBottom ? a.radius : std::max(startY, endY);
+        const int lastRow = std::min(bottom + reach, (outerDiameter - 1) / 2);
+        for (int y = std::max(top - reach, -(outerDiameter / 2)); y <= lastRow; ++y) {
+            const bool hollow = y >= -(innerDiameter / 2) && y <= (innerDiameter - 1) / 2;
+            // Columns after the start (cross product with it not below 0) and before the end.
+            const DiscRow after = HalfPlane(startX, startY, y, true), before = HalfPlane(endX, endY, y, false);
+            const auto cut = [&](int left, int right) {
+                if (convex) {
+                    Span(a.y + y, a.x + std::max({left, after.left, before.left}),
+                         a.x + std::min({right, after.right, before.right}), color);
+                    return;
+                }
+                Span(a.y + y, a.x + std::max(left, after.left), a.x + std::min(right, after.right), color);
+                Span(a.y + y, a.x + std::max(left, before.left), a.x + std::min(right, before.right), color);
+            };
+            cut(-outer[y].left, hollow ? -inner[y].left : outer[y].right);
+            if (hollow)
+                cut(inner[y].right, outer[y].right);
+        }
+        FillDisc(a.startX, a.startY, a.width, color);
+        FillDisc(a.endX, a.endY, a.width, color);
+    }
+
+    void DrawPad(const Pad& p, uint32_t color)
+    {
+        if (p.disc) {
+            FillDisc(p.x, p.y, 2 * p.halfWidth, color);
+            return;
+        }
+        for (int y = p.y - p.halfHeight; y < p.y + p.halfHeight; ++y)
+            std::fill(At(p.x - p.halfWidth, y), At(p.x + p.halfWidth, y), color);
     }
 
 private:
@@ -162,40 +197,6 @@ private:
             Span(y + row, x - disc[row].left, x + disc[row].right, color);
     }
 
-    /// The ring between two discs, cut by the half planes of its ends, and a disc at both ends.
-    void WideArc(const Arc& a, uint32_t color)
-    {
-        const int startX = a.startX - a.x, startY = a.startY - a.y, endX = a.endX - a.x, endY = a.endY - a.y;
-        const bool convex = startX * endY - startY * endX > 0;
-        const int outerDiameter = 2 * a.radius + a.width, innerDiameter = 2 * a.radius - a.width;
-        const DiscRow *const outer = Disc(outerDiameter), *const inner = Disc(innerDiameter);
-        // A direction lies between the ends when it comes after the start and (in the smaller part) before the end.
-        const bool passesTop = convex ? startX <= 0 && endX >= 0 : startX <= 0 || endX >= 0;
-        const bool passesBottom = convex ? startX >= 0 && endX <= 0 : startX >= 0 || endX <= 0;
-        const int top = passesTop ? -a.radius : std::min(startY, endY), reach = a.width / 2 + 1;
-        const int bottom = passesBottom ? a.radius : std::max(startY, endY);
-        const int lastRow = std::min(bottom + reach, (outerDiameter - 1) / 2);
-        for (int y = std::max(top - reach, -(outerDiameter / 2)); y <= lastRow; ++y) {
-            const bool hollow = y >= -(innerDiameter / 2) && y <= (innerDiameter - 1) / 2;
-            // Columns after the start (cross product with it not below 0) and before the end.
-            const DiscRow after = HalfPlane(startX, startY, y, true), before = HalfPlane(endX, endY, y, false);
-            const auto cut = [&](int left, int right) {
-                if (convex) {
-                    Span(a.y + y, a.x + std::max({left, after.left, before.left}),
-                         a.x + std::min({right, after.right, before.right}), color);
-                    return;
-                }
-                Span(a.y + y, a.x + std::max(left, after.left), a.x + std::min(right, after.right), color);
-                Span(a.y + y, a.x + std::max(left, before.left), a.x + std::min(right, before.right), color);
-            };
-            cut(-outer[y].left, hollow ? -inner[y].left : outer[y].right);
-            if (hollow)
-                cut(inner[y].right, outer[y].right);
-        }
-        FillDisc(a.startX, a.startY, a.width, color);
-        FillDisc(a.endX, a.endY, a.width, color);
-    }
-
     /// The columns of a row on one side of a direction from the centre, left inside, right outside.
     static DiscRow HalfPlane(int x, int y, int row, bool clockwise)
     {
@@ -205,16 +206,6 @@ private:
         if (clockwise == (y > 0))
             return {-kFar, int(std::floor(border)) + 1};
         return {int(std::ceil(border)), kFar};
-    }
-
-    void Filled(const Pad& p, uint32_t color)
-    {
-        if (p.disc) {
-            FillDisc(p.x, p.y, 2 * p.halfWidth, color);
-            return;
-        }
-        for (int y = p.y - p.halfHeight; y < p.y + p.halfHeight; ++y)
-            std::fill(At(p.x - p.halfWidth, y), At(p.x + p.halfWidth, y), color);
     }
 
     std::vector<uint32_t> m_pixels;

@@ -32,23 +32,14 @@ public:
         return pixels;
     }
 
-    void Draw(const Scene& scene)
-    {
-        size_t index = 0;
-        for (const Stroke& s : scene.strokes)
-            Line(s, PixelOf(index++));
-        for (const Arc& a : scene.arcs)
-            DrawArc(a, PixelOf(index++));
-        for (const Pad& p : scene.pads)
-            DrawPad(p, PixelOf(index++));
-    }
+    void Draw(const Scene& scene) { DrawScene(*this, scene); }
+
     void Line(const Stroke& s, uint32_t color)
     {
         m_painter.setPen(QPen(QColor(color), s.width > 1 ? s.width : 0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         m_painter.drawLine(s.x1, s.y1, s.x2, s.y2);
     }
 
-private:
     void DrawArc(const Arc& a, uint32_t color)
     {
         // Sixteenths of a degree, counter-clockwise as seen.
@@ -60,6 +51,7 @@ private:
         m_painter.drawArc(a.x - a.radius, a.y - a.radius, 2 * a.radius, 2 * a.radius, int(std::lround(start)),
                           int(std::lround(span)));
     }
+
     void DrawPad(const Pad& p, uint32_t color)
     {
         const QRect box(p.x - p.halfWidth, p.y - p.halfHeight, 2 * p.halfWidth, 2 * p.halfHeight);
@@ -72,6 +64,7 @@ private:
         m_painter.drawEllipse(box);
     }
 
+private:
     QImage m_image;
     QImage m_window;
     QPainter m_painter;

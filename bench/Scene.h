@@ -117,4 +117,17 @@ inline Stroke ToPixels(const Track& track, const View& view)
             int32_t(track.width * view.scale + 0.5)};
 }
 
+/// Draws all of a scene in its order, each shape in its own colour. A frame has Line, DrawArc and DrawPad.
+template <class FRAME>
+void DrawScene(FRAME& frame, const Scene& scene)
+{
+    size_t index = 0;
+    for (const Stroke& s : scene.strokes)
+        frame.Line(s, PixelOf(index++));
+    for (const Arc& a : scene.arcs)
+        frame.DrawArc(a, PixelOf(index++));
+    for (const Pad& p : scene.pads)
+        frame.DrawPad(p, PixelOf(index++));
+}
+
 } // namespace bench
