@@ -1,6 +1,6 @@
 #include "RasterCanvas.h"
 
-#include <chrono>
+#include <ctime>
 
 using namespace gdi;
 using namespace raster_test;
@@ -197,9 +197,9 @@ TEST(Fill, ManyEdgesInFewRows)
     }
     Canvas canvas(400, 10);
     const DevicePath path = Polyline(comb);
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock(); // processor time: the machine may be busy
     Rasterizer().Fill(path, FillRule::Alternate, MakeInk(), canvas.Surface(), canvas.All());
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    EXPECT_LT(std::clock() - start, 10 * CLOCKS_PER_SEC);
     for (int32_t y = 0; y < 10; y += 9) {
         for (int32_t x = 0; x < 400; x += 37)
             EXPECT_EQ(canvas.IsSet(x, y), WindingAt(comb, x, y) % 2 != 0) << x << ", " << y;
