@@ -33,6 +33,13 @@ std::vector<const Figure*> InkOf(const std::vector<BoardElement*>& elements)
     return ink;
 }
 
+/// The array owns the shape from then on, unless it has no memory for it and raises.
+void AddShape(CKGeomArray& shapes, std::unique_ptr<OverlayShape> shape)
+{
+    shapes.Add(shape.get());
+    (void)shape.release();
+}
+
 } // namespace
 
 void BoardView::Pick(CPoint pixel)
@@ -84,12 +91,12 @@ void BoardView::SelectionChanged()
         gap = MeasureElements(*first.Current(), *other);
     }
     if (!picked.empty())
-        pickShapes.Add(new OverlayShape(InkOf(picked), kPickColour));
+        AddShape(pickShapes, std::make_unique<OverlayShape>(InkOf(picked), kPickColour));
     if (gap) {
         Figure line;
         line.start = gap->first;
         line.end = gap->second;
-        measureShapes.Add(new OverlayShape({&line}, kMeasureColour));
+        AddShape(measureShapes, std::make_unique<OverlayShape>(std::vector<const Figure*>{&line}, kMeasureColour));
     }
     overlayDue = true;
     if (repaint)
