@@ -28,6 +28,8 @@ FindPanel::FindPanel(BoardView& boardView, QWidget* parent)
     list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     list->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
 
+    // A click leaves the keyboard to the board; Tab still reaches it.
+    dim->setFocusPolicy(Qt::TabFocus);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
     layout->addWidget(pattern);

@@ -51,6 +51,9 @@ LayerPanel::LayerPanel(BoardView& boardView, QWidget* parent)
 
     auto* const showAll = new QPushButton("Show all");
     auto* const hideAll = new QPushButton("Hide all");
+    // A click leaves the keyboard to the board; Tab still reaches these.
+    for (QWidget* const widget : std::initializer_list<QWidget*>{work, showAll, hideAll})
+        widget->setFocusPolicy(Qt::TabFocus);
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(showAll);
     buttons->addWidget(hideAll);
