@@ -1,5 +1,6 @@
 #include "BoardOutlines.h"
 
+#include "PixelChain.h"
 #include "StrokeFont.h"
 
 #include "entities/CKGeomArc.h"
@@ -21,7 +22,7 @@ constexpr int kSmallestText = 8; ///< pixels of a capital letter
 class OutlinePath
 {
 public:
-    OutlinePath(CKPainter& owner, CDC* target) : painter(owner), dc(target) {}
+    OutlinePath(CKPainter& owner, CDC* target) : painter(owner), dc(target), chain(target) {}
 
     void Add(CKGeom& shape)
     {
@@ -70,7 +71,7 @@ private:
     /// A figure of its own; edges of a polygon begin anew after it.
     void AddArc(CKGeomArc& arc)
     {
-        started = false;
+        chain.Begin();
         painter.AddArcPath(dc, arc.GetStartX(), arc.GetStartY(), arc.GetEndX(), arc.GetEndY(), arc.GetCenterX(),
                            arc.GetCenterY(), arc.IsCCW(), arc.GetOffsetX(), arc.GetOffsetY(), 0, 0, 0, 1);
     }
@@ -78,7 +79,7 @@ private:
     void AddPolygon(CKGeomPolygon& polygon)
     {
         for (CKGeomContainer* edges : {polygon.getOutline(), polygon.getHole()}) {
-            started = false;
+            chain.Begin();
             for (int i = 0; i < edges->GetCount(); ++i) {
                 CKGeom* const edge = edges->GetAt(i);
                 if (edge && edge->GetType() == 2)
@@ -94,21 +95,10 @@ private:
     {
         const KPointD from = {line.GetStartX() + line.GetOffsetX(), line.GetStartY() + line.GetOffsetY()};
         const KPointD to = {line.GetEndX() + line.GetOffsetX(), line.GetEndY() + line.GetOffsetY()};
-        if (!started || from.x != chainEnd.x || from.y != chainEnd.y)
-            Reach(painter.TranslateCoord(from.x, from.y));
-        Reach(painter.TranslateCoord(to.x, to.y));
+        if (!chain.HasBegun() || from.x != chainEnd.x || from.y != chainEnd.y)
+            chain.Reach(painter.TranslateCoord(from.x, from.y));
+        chain.Reach(painter.TranslateCoord(to.x, to.y));
         chainEnd = to;
-    }
-
-    /// Filled zones have many edges of less than a pixel, which add nothing.
-    void Reach(KPoint point)
-    {
-        if (!started)
-            dc->MoveTo(point.x, point.y);
-        else if (point.x != last.x || point.y != last.y)
-            dc->LineTo(point.x, point.y);
-        started = true;
-        last = point;
     }
 
     void AddText(CKGeomText& text)
@@ -116,16 +106,15 @@ private:
         if (painter.TranslateRate(TextStyle::Of(text).height) < kSmallestText)
             return;
         for (const Stroke& stroke : PlacedStrokes(text)) {
-            started = false;
+            chain.Begin();
             for (const KPointD& point : stroke)
-                Reach(painter.TranslateCoord(point.x, point.y));
+                chain.Reach(painter.TranslateCoord(point.x, point.y));
         }
     }
 
     CKPainter& painter;
     CDC* dc;
-    bool started = false;
-    KPoint last{};
+    PixelChain chain;
     KPointD chainEnd{}; ///< of the edge added last
 };
 

@@ -1,6 +1,7 @@
 #include "BoardPainter.h"
 
 #include "BoardOutlines.h"
+#include "PixelChain.h"
 #include "StrokeFont.h"
 
 #include "entities/CKGeomArc.h"
@@ -28,12 +29,12 @@ float AsWidth(double thickness)
 class AreaPath
 {
 public:
-    AreaPath(CKPainter& owner, CDC* target) : painter(owner), dc(target) {}
+    AreaPath(CKPainter& owner, CDC* target) : painter(owner), dc(target), chain(target) {}
 
     /// Adds a closed chain of lines and arcs as one figure. Anything else in it is passed over.
     void Add(const CKGeomContainer& edges)
     {
-        started = false;
+        chain.Begin();
         for (int i = 0; i < edges.GetCount(); ++i) {
             CKGeom* edge = edges.GetAt(i);
             if (edge && edge->GetType() == 2)
@@ -63,21 +64,16 @@ private:
         Reach(arc.GetStartX() + dx, arc.GetStartY() + dy);
         painter.AddArcPath(dc, arc.GetStartX(), arc.GetStartY(), arc.GetEndX(), arc.GetEndY(), arc.GetCenterX(),
                            arc.GetCenterY(), arc.IsCCW(), dx, dy, 0, 0, 0, 0);
-        last = painter.TranslateCoord(arc.GetEndX() + dx, arc.GetEndY() + dy);
-        Grow(last);
+        const KPoint end = painter.TranslateCoord(arc.GetEndX() + dx, arc.GetEndY() + dy);
+        chain.GoOnFrom(end);
+        Grow(end);
         border = std::max(border, arc.GetThickness());
     }
 
-    /// Draws on to a point. Edges of far less than a pixel are common in filled zones and add nothing.
     void Reach(double x, double y)
     {
         const KPoint point = painter.TranslateCoord(x, y);
-        if (!started)
-            dc->MoveTo(point.x, point.y);
-        else if (point.x != last.x || point.y != last.y)
-            dc->LineTo(point.x, point.y);
-        started = true;
-        last = point;
+        chain.Reach(point);
         Grow(point);
     }
 
@@ -92,8 +88,7 @@ private:
 
     CKPainter& painter;
     CDC* dc;
-    bool started = false;
-    KPoint last{};
+    PixelChain chain;
     double left = HUGE_VAL, right = -HUGE_VAL, bottom = HUGE_VAL, top = -HUGE_VAL;
     double border = 0;
 };
