@@ -81,7 +81,7 @@ inline double Magnitude(KPointD p)
     return std::fabs(p.x) + std::fabs(p.y);
 }
 
-/// The search for the nearest of many pairs, which takes the dear points of arcs that P faces only when they can win.
+/// The search for the nearest of many pairs, which takes the costly points of arcs that P faces only when they can win.
 /// The result is that of taking all pairs in the order in which they are offered, each only when it is strictly nearer.
 ///
 /// For elements within Bounds only: what is known about a point before it is computed holds for those.
