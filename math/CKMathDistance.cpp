@@ -1,11 +1,16 @@
 #include "math/CKMath.h"
 
 #include "math/Crossing.h"
+#include "math/Elements.h"
 
 #include <algorithm>
 #include <limits>
 
 namespace {
+
+using geo::Cross;
+using geo::Difference;
+using geo::Dot;
 
 /// The squared distance of P from the segment P1-P2.
 inline double SquaredDistance(double x1, double y1, double x2, double y2, double px, double py)
@@ -24,12 +29,6 @@ inline double SquaredDistance(double x1, double y1, double x2, double y2, double
     return ex * ex + ey * ey;
 }
 
-/// The negated cross product of P2 - P1 and P3 - P1: positive to the right of the line.
-inline double SideOf(double x1, double y1, double x2, double y2, double x3, double y3)
-{
-    return (y2 - y1) * (x3 - x1) - (x2 - x1) * (y3 - y1);
-}
-
 /// GetRelativeDirection() on the line: behind P1 the projection of e = P3 - P1 is negative, beyond P2 that of P3 - P2
 /// is positive.
 int DirectionOnLine(double dx, double dy, double ex, double ey)
@@ -40,21 +39,41 @@ int DirectionOnLine(double dx, double dy, double ex, double ey)
     return along < 0.0 ? -1 : 0;
 }
 
-/// The crossing test: each segment has to have the ends of the other on both of its sides.
-inline int IsCrossing(double x1, double y1, double x2, double y2, double x3, double y3, double x4, double y4)
+/// The segments P1-P2 and P3-P4 as differences of their points, each taken once.
+struct SegmentPair
 {
-    // All four sides are taken at once: leaving after two saves less than the branch costs.
-    const double ofB = SideOf(x1, y1, x2, y2, x3, y3) * SideOf(x1, y1, x2, y2, x4, y4);
-    const double ofA = SideOf(x3, y3, x4, y4, x1, y1) * SideOf(x3, y3, x4, y4, x2, y2);
-    // A product of 0, which an underflow can be as well, and a NaN say nothing yet.
-    if (!(std::fabs(ofA * ofB) > 0.0))
-        return geo::IsCrossingByCodes(x1, y1, x2, y2, x3, y3, x4, y4);
-    return std::max(ofA, ofB) < 0.0;
+    SegmentPair(KPointD p1, KPointD p2, KPointD p3, KPointD p4)
+        : a(Difference(p2, p1)), b(Difference(p4, p3)), from1To3(Difference(p3, p1)), from1To4(Difference(p4, p1)),
+          from2To3(Difference(p3, p2)), sidesOfA(Cross(from1To3, a) * Cross(from1To4, a)),
+          sidesOfB(Cross(from1To3, b) * Cross(from2To3, b))
+    {}
+    /// Whether a product of sides is 0, which an underflow can be as well, or a NaN: then it says nothing yet.
+    bool IsUnclear() const { return !(std::fabs(sidesOfA * sidesOfB) > 0.0); }
+    /// Unless that is unclear: each segment has the ends of the other on both of its sides.
+    bool IsCrossing() const { return std::max(sidesOfA, sidesOfB) < 0.0; }
+
+    const KPointD a, b;
+    const KPointD from1To3, from1To4, from2To3;
+    // The signs of the differences cancel out. All four sides are taken at once: leaving after two saves less than the
+    // branch costs.
+    const double sidesOfA; ///< negative when the ends of B lie on both sides of A
+    const double sidesOfB;
+};
+
+/// SquaredDistance() of P from a segment of some length: `along` is the dot product of `whole`, from its start to its
+/// end, and the difference of P and its start; `length` is the square of `whole`.
+inline double SquaredDistance(KPointD start, KPointD whole, double length, double along, KPointD p, double fromStart,
+                              double fromEnd)
+{
+    const double t = along / length;
+    const KPointD foot = {start.x + t * whole.x, start.y + t * whole.y};
+    const double squares[] = {geo::SquaredDistance(p, foot), fromEnd, fromStart};
+    return squares[2 * size_t(t < 0.0) + size_t(t > 1.0)];
 }
 
 } // namespace
 
-// Plain squares in the precision of the arguments. A scaled hypot would be safe from overflow but differ in last bits.
+// In the precision of the arguments, like geo::Distance().
 float CKMath::GetDistance(float x1, float y1, float x2, float y2)
 {
     const float dx = x1 - x2;
@@ -64,9 +83,7 @@ float CKMath::GetDistance(float x1, float y1, float x2, float y2)
 
 double CKMath::GetDistance(double x1, double y1, double x2, double y2)
 {
-    const double dx = x1 - x2;
-    const double dy = y1 - y2;
-    return std::sqrt(dx * dx + dy * dy);
+    return geo::Distance({x1, y1}, {x2, y2});
 }
 
 double CKMath::GetDistance(double x1, double y1, double x2, double y2, double px, double py)
@@ -76,20 +93,26 @@ double CKMath::GetDistance(double x1, double y1, double x2, double y2, double px
 
 double CKMath::GetDistance(double x1, double y1, double x2, double y2, double x3, double y3, double x4, double y4)
 {
-    // The crossing test calls any two points crossing, so segments of no length go past it.
-    const bool isPointA = x1 == x2 && y1 == y2;
-    const bool isPointB = x3 == x4 && y3 == y4;
-    if (!isPointA && !isPointB && IsCrossing(x1, y1, x2, y2, x3, y3, x4, y4))
+    const KPointD p1 = {x1, y1}, p2 = {x2, y2}, p3 = {x3, y3}, p4 = {x4, y4};
+    const SegmentPair pair(p1, p2, p3, p4);
+    if (pair.IsUnclear()) // segments of no length are
+        return geo::DistanceOfAny(x1, y1, x2, y2, x3, y3, x4, y4);
+    if (pair.IsCrossing())
         return 0.0;
 
-    // Segments that do not cross are nearest to each other at an end of one of them. The root of the least square is
-    // the least root, to the last bit.
-    double smallest = SquaredDistance(x1, y1, x2, y2, x3, y3);
-    const double others[] = {SquaredDistance(x1, y1, x2, y2, x4, y4), SquaredDistance(x3, y3, x4, y4, x1, y1),
-                             SquaredDistance(x3, y3, x4, y4, x2, y2)};
-    for (double squared : others)
-        smallest = squared < smallest ? squared : smallest;
-    return std::sqrt(smallest);
+    // Segments that do not cross are nearest to each other at an end of one of them.
+    const double lengthA = Dot(pair.a, pair.a);
+    const double lengthB = Dot(pair.b, pair.b);
+    const double from1To3 = Dot(pair.from1To3, pair.from1To3);
+    const double from1To4 = Dot(pair.from1To4, pair.from1To4);
+    const double from2To3 = Dot(pair.from2To3, pair.from2To3);
+    const double from2To4 = geo::SquaredDistance(p2, p4);
+    const double of3 = SquaredDistance(p1, pair.a, lengthA, Dot(pair.from1To3, pair.a), p3, from1To3, from2To3);
+    const double of4 = SquaredDistance(p1, pair.a, lengthA, Dot(pair.from1To4, pair.a), p4, from1To4, from2To4);
+    const double of1 = SquaredDistance(p3, pair.b, lengthB, -Dot(pair.from1To3, pair.b), p1, from1To3, from1To4);
+    const double of2 = SquaredDistance(p3, pair.b, lengthB, -Dot(pair.from2To3, pair.b), p2, from2To3, from2To4);
+    // The root of the least square is the least root, to the last bit.
+    return std::sqrt(std::min(std::min(std::min(of3, of4), of1), of2));
 }
 
 // Slope and intercept in single precision. The largest float says "no single value"; callers compare with it exactly.
@@ -112,14 +135,19 @@ float CKMath::GetLineXOrLineY(float x1, float y1, float x2, float y2, int wantY,
 // coordinates of up to 25 bits; beyond, rounding may call points near the line collinear or swap their side.
 int CKMath::GetRelativeDirection(double x1, double y1, double x2, double y2, double x3, double y3)
 {
-    const double side = SideOf(x1, y1, x2, y2, x3, y3);
+    const KPointD whole = {x2 - x1, y2 - y1};
+    const KPointD toP3 = {x3 - x1, y3 - y1};
+    const double side = Cross(toP3, whole);
     if (side == 0.0)
-        return DirectionOnLine(x2 - x1, y2 - y1, x3 - x1, y3 - y1);
+        return DirectionOnLine(whole.x, whole.y, toP3.x, toP3.y);
     return int(side > 0.0) - int(side < 0.0);
 }
 
 int CKMath::IsIntersectLineToLine(double x1, double y1, double x2, double y2, double x3, double y3, double x4,
                                   double y4)
 {
-    return IsCrossing(x1, y1, x2, y2, x3, y3, x4, y4);
+    const SegmentPair pair({x1, y1}, {x2, y2}, {x3, y3}, {x4, y4});
+    if (pair.IsUnclear())
+        return geo::IsCrossingByCodes(x1, y1, x2, y2, x3, y3, x4, y4);
+    return pair.IsCrossing();
 }

@@ -15,6 +15,22 @@ int geo::IsCrossingByCodes(double x1, double y1, double x2, double y2, double x3
     return side3 * side4 <= 0 && side1 * side2 <= 0;
 }
 
+double geo::DistanceOfAny(double x1, double y1, double x2, double y2, double x3, double y3, double x4, double y4)
+{
+    // The crossing test calls any two points crossing, so segments of no length go past it.
+    const bool isPointA = x1 == x2 && y1 == y2;
+    const bool isPointB = x3 == x4 && y3 == y4;
+    if (!isPointA && !isPointB && CKMath::IsIntersectLineToLine(x1, y1, x2, y2, x3, y3, x4, y4))
+        return 0.0;
+
+    double least = CKMath::GetDistance(x1, y1, x2, y2, x3, y3);
+    const double others[] = {CKMath::GetDistance(x1, y1, x2, y2, x4, y4), CKMath::GetDistance(x3, y3, x4, y4, x1, y1),
+                             CKMath::GetDistance(x3, y3, x4, y4, x2, y2)};
+    for (double distance : others)
+        least = distance < least ? distance : least;
+    return least;
+}
+
 namespace {
 
 /// "No single crossing" as callers compare with it, exactly.

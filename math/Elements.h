@@ -5,15 +5,23 @@
 
 #include "math/CKMath.h"
 #include "math/Sector.h"
+#include "math/Vectors.h"
 
 #include <algorithm>
 #include <optional>
 
 namespace geo {
 
+inline double SquaredDistance(KPointD a, KPointD b)
+{
+    const KPointD between = Difference(a, b);
+    return Dot(between, between);
+}
+
+/// CKMath::GetDistance() of two points. A scaled hypot would be safe from overflow but differ in last bits.
 inline double Distance(KPointD a, KPointD b)
 {
-    return CKMath::GetDistance(a.x, a.y, b.x, b.y);
+    return std::sqrt(SquaredDistance(a, b));
 }
 
 /// `through` moved by the distance along from -> through, backward when it is negative.
@@ -35,10 +43,9 @@ struct Segment
     bool IsBeside(KPointD p) const
     {
         constexpr double kRounding = 1.0 + 1e-12;
-        const double dx = end.x - start.x;
-        const double dy = end.y - start.y;
-        const double along = (p.x - start.x) * dx + (p.y - start.y) * dy;
-        return (int(along < 0.0) | int(along > (dx * dx + dy * dy) * kRounding)) != 0;
+        const KPointD whole = Difference(end, start);
+        const double along = Dot(Difference(p, start), whole);
+        return (int(along < 0.0) | int(along > Dot(whole, whole) * kRounding)) != 0;
     }
 };
 
@@ -80,7 +87,7 @@ public:
           m_counterClockwise(counterClockwise), m_sector(FromCentre(startOfArc), FromCentre(endOfArc), counterClockwise)
     {}
     float AngleOf(KPointD p) const { return CKMath::GetLineAngle(centre.x, centre.y, p.x, p.y); }
-    KPointD FromCentre(KPointD p) const { return {p.x - centre.x, p.y - centre.y}; }
+    KPointD FromCentre(KPointD p) const { return Difference(p, centre); }
     /// Whether the polar angle of P about the centre lies on the arc, at any distance from it.
     bool Faces(KPointD p) const
     {

@@ -1,7 +1,7 @@
 /// Which directions an arc covers, told without angles wherever that is safe. Inside of math/ only.
 #pragma once
 
-#include "foundation/KRecords.h"
+#include "math/Vectors.h"
 
 #include <limits>
 
@@ -55,9 +55,6 @@ public:
     }
 
 private:
-    static double Dot(KPointD a, KPointD b) { return a.x * b.x + a.y * b.y; }
-    static double Cross(KPointD a, KPointD b) { return a.x * b.y - a.y * b.x; }
-
     KPointD m_from; ///< where the counter-clockwise way along the arc begins
     KPointD m_to;
     double m_limitFrom; ///< the least clear square of a cross product, for a direction of length 1
