@@ -4,6 +4,25 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Whether circles meet whose centres lie at this squared distance, as far as squares tell before any root is taken: a
+/// clear answer is also that of the exact comparisons, whatever these round.
+geo::Facing GlanceAtContact(double squared, double r1, double r2)
+{
+    constexpr double kRounding = 1e-12;
+    constexpr double kSafe = 1e-290; // squares below it may have lost something by being small
+    // Circles meet from (r1 - r2)^2 to (r1 + r2)^2.
+    const double squares = r1 * r1 + r2 * r2;
+    const double gap = std::fabs(squared - squares) - 2.0 * (r1 * r2);
+    const double margin = kRounding * squares + kSafe;
+    if (gap > margin)
+        return geo::Facing::No;
+    return gap < -margin && r1 > 0.0 ? geo::Facing::Yes : geo::Facing::Unclear; // negative radii never meet
+}
+
+} // namespace
+
 int geo::IsContact(KPointD& point, const Arc& arc1, const Arc& arc2)
 {
     // Arcs of one circle have only arc 1's start to offer.
@@ -25,27 +44,34 @@ int geo::IsContact(KPointD& point, const Arc& arc1, const Arc& arc2)
 int CKMath::IsContactCircleOutlineToCircleOutline(KTwoPointD* points, double c1x, double c1y, double r1, double c2x,
                                                   double c2y, double r2, double refX, double refY)
 {
-    const double d = GetDistance(c1x, c1y, c2x, c2y);
-    if (d > r1 + r2)
+    const double squared = geo::SquaredDistance({c1x, c1y}, {c2x, c2y});
+    const geo::Facing contact = GlanceAtContact(squared, r1, r2);
+    if (contact == geo::Facing::No)
         return 0;
-    if (std::max(r1, r2) > std::min(r1, r2) + d)
-        return 0;
+    const double d = std::sqrt(squared);
+    if (contact == geo::Facing::Unclear) {
+        if (d > r1 + r2)
+            return 0;
+        if (std::max(r1, r2) > std::min(r1, r2) + d)
+            return 0;
+        if (points && d == 0.0 && r1 == r2) {
+            *points = {refX, refY, refX, refY};
+            return 1;
+        }
+    }
     if (!points)
         return 1;
-    if (d == 0.0 && r1 == r2) {
-        *points = {refX, refY, refX, refY};
-        return 1;
-    }
-    // The common chord crosses the line of the centres at `along` from centre 1 and reaches `half` to both sides.
+    // The common chord crosses the line of the centres at `along` from centre 1 and reaches `half` to both sides. Of
+    // touching circles rounding can take `along` beyond the radius; whatever has no root is 0.
     const double along = (r1 * r1 - r2 * r2 + d * d) / (2.0 * d);
-    double half = std::sqrt(r1 * r1 - along * along);
-    if (std::isnan(half))
-        half = 0.0; // touching circles, whose `along` a rounding took beyond the radius
+    const double half = std::sqrt(std::max(0.0, r1 * r1 - along * along));
     const double dx = c2x - c1x;
     const double dy = c2y - c1y;
     const double middleX = c1x + dx * along / d;
     const double middleY = c1y + dy * along / d;
-    *points = {middleX + dy * half / d, middleY - dx * half / d, middleX - dy * half / d, middleY + dx * half / d};
+    const double sideX = dy * half / d;
+    const double sideY = -dx * half / d;
+    *points = {middleX + sideX, middleY + sideY, middleX - sideX, middleY - sideY};
     return 1;
 }
 
