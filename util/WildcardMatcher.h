@@ -30,20 +30,23 @@ public:
     /// False when the standard engine refuses a pattern of this length. Such a matcher matches nothing.
     bool IsUsable() const { return m_words > 0; }
 
-    /// Whether the text as a whole matches. The first byte settles many texts.
+    /// Whether the text as a whole matches. Its first and its last byte settle most texts.
     bool Matches(std::string_view text) const
     {
         if (m_words != 1)
             return MatchesManyWords(text);
-        if (!text.empty() && (m_starts[0] & (m_accepts[static_cast<unsigned char>(text[0])] | m_runs[0])) == 0)
-            return false;
-        return MatchesOneWord(text);
+        return (text.empty() || (MayBeginWith(text.front()) && MayEndWith(text.back()))) && MatchesOneWord(text);
     }
 
 private:
     using Bits = std::vector<uint64_t>;
 
     void Compile(std::string_view pattern);
+    /// Where the places are one word: whether a first place takes the byte or waits.
+    bool MayBeginWith(char ch) const { return (m_starts[0] & (AcceptsOf(ch) | m_runs[0])) != 0; }
+    /// Whether a last place is reached by the byte or waits.
+    bool MayEndWith(char ch) const { return (m_ends[0] & (AcceptsOf(ch) << 1 | m_runs[0])) != 0; }
+    uint64_t AcceptsOf(char ch) const { return m_accepts[static_cast<unsigned char>(ch)]; }
     bool MatchesOneWord(std::string_view text) const;
     bool MatchesManyWords(std::string_view text) const;
 
