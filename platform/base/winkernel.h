@@ -116,6 +116,16 @@ KOLM_API int MulDiv(int number, int numerator, int denominator);
 /// What clock() counts inside the library: wall milliseconds since the library was loaded. Never runs backwards.
 KOLM_API LONGLONG GetProcessMilliseconds();
 
+/// Which cache PreFetchCacheLine loads: the first one, for data that is used more than once.
+constexpr int PF_TEMPORAL_LEVEL_1 = 3;
+
+/// Begins to load the cache line of an address without waiting for it. Any address may be given; nothing is read.
+/// `level` is the constant above.
+inline void PreFetchCacheLine(int /*level*/, const void* address)
+{
+    __builtin_prefetch(address);
+}
+
 // Reasons for which the system loads and unloads a module.
 constexpr DWORD DLL_PROCESS_DETACH = 0;
 constexpr DWORD DLL_PROCESS_ATTACH = 1;

@@ -1,7 +1,7 @@
-# Compiles a use of every function, constant and type of the list against a real <windows.h>. On the real platform a LONG
-# is a long, and so on; that is compiled as well, since it is what the stand-in imitates.
+# Compiles a use of every function, macro, constant and type of the list against a real <windows.h>. On the real
+# platform a LONG is a long, and so on; that is compiled as well, since it is what the stand-in imitates.
 cmake_minimum_required(VERSION 3.20)
-file(STRINGS ${LIST} lines REGEX "^(functions|constants|types):")
+file(STRINGS ${LIST} lines REGEX "^(functions|macros|constants|types):")
 set(uses "")
 set(count 0)
 foreach(line IN LISTS lines)
@@ -11,6 +11,8 @@ foreach(line IN LISTS lines)
         math(EXPR count "${count} + 1")
         if(kind STREQUAL "functions")
             string(APPEND uses "auto* const use${count} = &::${word};\n")
+        elseif(kind STREQUAL "macros")
+            string(APPEND uses "#ifndef ${word}\n#error ${word}\n#endif\n")
         elseif(kind STREQUAL "constants")
             string(APPEND uses "const auto use${count} = ${word};\n")
         else()
