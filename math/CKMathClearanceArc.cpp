@@ -59,15 +59,14 @@ class AxisGlance
 public:
     AxisGlance(const geo::Bounds& bounds, const Arc& arc1, const Arc& arc2) : m_bounds(bounds)
     {
-        const KPointD toFar1 = {arc1.centre.x - arc2.centre.x, arc1.centre.y - arc2.centre.y};
-        const KPointD toFar2 = {-toFar1.x, -toFar1.y};
-        const double apart = geo::Distance(arc1.centre, arc2.centre);
-        const Facing facing1 = arc1.Look(toFar2), far1 = arc1.Look(toFar1);
-        const Facing facing2 = arc2.Look(toFar1), far2 = arc2.Look(toFar2);
-        Add(apart - arc1.radius - arc2.radius, facing1, facing2);
-        Add(apart + arc1.radius - arc2.radius, far1, facing2);
-        Add(apart + arc1.radius + arc2.radius, far1, far2);
-        Add(apart - arc1.radius + arc2.radius, facing1, far2);
+        const KPointD from1To2 = geo::Difference(arc2.centre, arc1.centre);
+        const double apart = std::sqrt(geo::Dot(from1To2, from1To2));
+        const geo::Facings of1 = arc1.LookBothWays(from1To2);
+        const geo::Facings of2 = arc2.LookBothWays(from1To2);
+        Add(apart - arc1.radius - arc2.radius, of1.ahead, of2.behind);
+        Add(apart + arc1.radius - arc2.radius, of1.behind, of2.behind);
+        Add(apart + arc1.radius + arc2.radius, of1.behind, of2.ahead);
+        Add(apart - arc1.radius + arc2.radius, of1.ahead, of2.ahead);
     }
     /// A pair on both arcs is not further apart.
     double Most() const { return m_most + m_bounds.PointSlack(); }
@@ -98,8 +97,9 @@ NearestPair NearestWithin(const geo::Bounds& bounds, const Arc& arc1, const Arc&
     search.Limit(axis.Most());
     search.OfferOnArc(arc1.start, arc2, false);
     search.OfferOnArc(arc1.end, arc2, false);
-    search.OfferOnArc(arc2.start, arc1, true);
-    search.OfferOnArc(arc2.end, arc1, true);
+    // The pairs of ends have been offered; a later one as near would not win.
+    search.OfferFaced(arc2.start, arc1, true);
+    search.OfferFaced(arc2.end, arc1, true);
     NearestPair best = search.Nearest();
     if (axis.Least() < best.distance)
         TakeAxisPoints(best, arc1, arc2);

@@ -97,6 +97,7 @@ public:
     /// Whether points in a direction from the centre lie on the arc, for points that are only known roughly, to 1e-4 of
     /// their distance from the centre.
     Facing Look(KPointD direction) const { return m_sector.Look(direction); }
+    Facings LookBothWays(KPointD direction) const { return m_sector.LookBothWays(direction); }
 
     const KPointD centre, start, end;
     const double radius;

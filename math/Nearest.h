@@ -103,6 +103,11 @@ public:
     {
         Offer(Ordered(PairOf(p, arc.start), swapped));
         Offer(Ordered(PairOf(p, arc.end), swapped));
+        OfferFaced(p, arc, swapped);
+    }
+    /// The last of them only: P and the point that it faces.
+    void OfferFaced(KPointD p, const Arc& arc, bool swapped)
+    {
         const Facing facing = arc.Look(arc.FromCentre(p));
         m_waiting[m_waitingCount] = {
             std::fabs(Distance(p, arc.centre) - arc.radius) - m_slack, p, &arc, facing, swapped, m_offers++};
@@ -155,7 +160,7 @@ private:
     double m_distance = std::numeric_limits<double>::infinity();
     int m_nearest = 0;
     int m_offers = 0;
-    NearestPair m_pairs[12]; ///< four points with three pairs each; those still waiting are unset
+    NearestPair m_pairs[9]; ///< three points with three pairs each at most; those still waiting are unset
     Radial m_waiting[4];
     int m_waitingCount = 0;
 };

@@ -15,6 +15,11 @@ enum class Facing
     Yes
 };
 
+struct Facings
+{
+    Facing ahead, behind;
+};
+
 /// Whether an arc covers a direction is decided by angles at single precision, and that decision is part of the
 /// results. Its roundings add up to less than 3e-6 rad, so a direction that lies further than the margin from both ends
 /// comes out as its cross products with them say; nearer ones are unclear and have to be decided by the angles.
@@ -38,7 +43,9 @@ public:
             m_limitFrom = std::numeric_limits<double>::infinity();
     }
     /// NaN, infinities and lengths whose squares leave the numbers are unclear.
-    Facing Look(KPointD direction) const
+    Facing Look(KPointD direction) const { return LookBothWays(direction).ahead; }
+    /// In the direction and in the opposite one, which costs little more: all products only change their signs.
+    Facings LookBothWays(KPointD direction) const
     {
         constexpr double kSafe = 1e-250; // squares above it have lost nothing by being small
         const double squared = Dot(direction, direction);
@@ -49,9 +56,10 @@ public:
         const bool isClear = (int(afterFrom * afterFrom > limitFrom) & int(beforeTo * beforeTo > limitTo) &
                               int(limitFrom > kSafe) & int(limitTo > kSafe)) != 0;
         if (!isClear)
-            return Facing::Unclear;
-        const int sides = int(afterFrom > 0.0) + int(beforeTo > 0.0);
-        return sides + int(!m_needsBoth) >= 2 ? Facing::Yes : Facing::No;
+            return {Facing::Unclear, Facing::Unclear};
+        const int sides = int(afterFrom > 0.0) + int(beforeTo > 0.0) + int(!m_needsBoth);
+        const int sidesBehind = int(afterFrom < 0.0) + int(beforeTo < 0.0) + int(!m_needsBoth);
+        return {sides >= 2 ? Facing::Yes : Facing::No, sidesBehind >= 2 ? Facing::Yes : Facing::No};
     }
 
 private:
