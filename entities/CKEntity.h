@@ -42,7 +42,7 @@ public:
     void Picked(int picker)
     {
         m_picked = true;
-        m_picker = picker;
+        SetPicker(picker);
     }
 
     /// @{
@@ -50,8 +50,8 @@ public:
     int IsPicked() { return m_picked ? 1 : 0; }
     void SetPickedColor(unsigned long color) { m_pickedColor = static_cast<COLORREF>(color); }
     COLORREF GetPickedColor() { return m_pickedColor; }
-    void SetPicker(int picker) { m_picker = picker; }
-    int GetPicker() { return m_picker; }
+    void SetPicker(int picker) { m_area.picker = picker; }
+    int GetPicker() { return m_area.picker; }
     void SetColor(unsigned long color) { m_color = static_cast<COLORREF>(color); }
     COLORREF GetColor() const { return m_color; }
     COLORREF GetColor() { return m_color; }
@@ -83,10 +83,16 @@ public:
     /// @}
 
 private:
+    /// The area and, in the last bytes that it leaves free, the picker: apart, each would be filled up by four bytes,
+    /// in every shape of a board.
+    struct AreaAndPicker : CKRectD
+    {
+        int picker = 0;
+    };
+
     bool m_picked = false;
     bool m_hidden = false;
     COLORREF m_pickedColor;
     COLORREF m_color;
-    CKRectD m_area;
-    int m_picker = 0;
+    AreaAndPicker m_area;
 };
