@@ -1,16 +1,5 @@
 #include "entities/CKEntity.h"
 
-namespace {
-
-constexpr COLORREF kPickedRed = 0x000000FF;
-constexpr COLORREF kWhite = 0x00FFFFFF;
-
-} // namespace
-
-CKEntity::CKEntity() : m_pickedColor(kPickedRed), m_color(kWhite) {}
-
-CKEntity::~CKEntity() = default;
-
 // Not the colour it had before it was picked: that one is not kept.
 void CKEntity::Unpicked()
 {

@@ -16,10 +16,10 @@
 class KOLM_API CKEntity : public CKObject
 {
 public:
-    CKEntity();
+    CKEntity() = default;
     /// Copies every field; the area keeps its initialized flag.
     CKEntity(const CKEntity& other) = default;
-    ~CKEntity() override;
+    ~CKEntity() override = default;
 
     /// Copies every field, the object number included. The area counts as set afterwards, also from an empty one.
     CKEntity& operator=(const CKEntity& other) = default;
@@ -83,6 +83,9 @@ public:
     /// @}
 
 private:
+    static constexpr COLORREF kPickedRed = 0x000000FF;
+    static constexpr COLORREF kWhite = 0x00FFFFFF;
+
     /// The area and, in the last bytes that it leaves free, the picker: apart, each would be filled up by four bytes,
     /// in every shape of a board.
     struct AreaAndPicker : CKRectD
@@ -92,7 +95,7 @@ private:
 
     bool m_picked = false;
     bool m_hidden = false;
-    COLORREF m_pickedColor;
-    COLORREF m_color;
+    COLORREF m_pickedColor = kPickedRed;
+    COLORREF m_color = kWhite;
     AreaAndPicker m_area;
 };

@@ -2,10 +2,6 @@
 
 #include "KolmVersion.h"
 
-CKGeom::CKGeom() = default;
-
-CKGeom::~CKGeom() = default;
-
 CKGeom& CKGeom::operator=(const CKGeom& other)
 {
     // The entity part stays: an assigned shape keeps its number, colours, picked state and area.

@@ -24,9 +24,9 @@ class CKPainter;
 class KOLM_API CKGeom : public CKEntity
 {
 public:
-    CKGeom();
+    CKGeom() = default;
     CKGeom(const CKGeom& other) = default; ///< every field
-    ~CKGeom() override;
+    ~CKGeom() override = default;
 
     CKGeom& operator=(const CKGeom& other);    ///< the geometry only
     int operator==(const CKGeom& other) const; ///< 1 for equal offset and corners, and for the same object; else 0

@@ -2,8 +2,6 @@
 
 #include "KolmVersion.h"
 
-CKGeomArc::CKGeomArc() = default;
-
 CKGeomArc::CKGeomArc(double startX, double startY, double endX, double endY, double centerX, double centerY,
                      double thickness)
     : m_startX(startX), m_startY(startY), m_endX(endX), m_endY(endY), m_centerX(centerX), m_centerY(centerY),

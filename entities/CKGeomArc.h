@@ -12,7 +12,7 @@
 class KOLM_API CKGeomArc : public CKGeom
 {
 public:
-    CKGeomArc();
+    CKGeomArc() = default;
     /// The direction is 0 until it is set.
     CKGeomArc(double startX, double startY, double endX, double endY, double centerX, double centerY, double thickness);
     /// @{

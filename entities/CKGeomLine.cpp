@@ -4,8 +4,6 @@
 
 #include "math/CKMath.h"
 
-CKGeomLine::CKGeomLine() = default;
-
 CKGeomLine::CKGeomLine(double startX, double startY, double endX, double endY, double thickness)
     : m_startX(startX), m_startY(startY), m_endX(endX), m_endY(endY), m_thickness(thickness)
 {}

@@ -9,7 +9,7 @@
 class KOLM_API CKGeomLine : public CKGeom
 {
 public:
-    CKGeomLine();
+    CKGeomLine() = default;
     /// Ends and thickness in millimetres.
     CKGeomLine(double startX, double startY, double endX, double endY, double thickness);
     /// @{

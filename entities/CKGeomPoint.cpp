@@ -2,8 +2,6 @@
 
 #include "KolmVersion.h"
 
-CKGeomPoint::CKGeomPoint() = default;
-
 CKGeomPoint::CKGeomPoint(double x, double y) : m_x(x), m_y(y) {}
 
 int CKGeomPoint::operator==(const CKGeomPoint& other) const

@@ -8,7 +8,7 @@
 class KOLM_API CKGeomPoint : public CKGeom
 {
 public:
-    CKGeomPoint();
+    CKGeomPoint() = default;
     CKGeomPoint(double x, double y); ///< in millimetres
     /// @{
     /// Copying and comparing follow CKGeom, with both coordinates on top.
