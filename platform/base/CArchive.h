@@ -104,8 +104,12 @@ private:
     {
         if (size_t(m_loadEnd - m_loadNext) < sizeof value)
             Fill(sizeof value);
-        std::memcpy(&value, m_loadNext, sizeof value);
-        m_loadNext += sizeof value;
+        // By way of a local: bytes copied straight into the caller's number could lie anywhere for the compiler, which
+        // would read both pointers anew for every number of a record.
+        T loaded;
+        std::memcpy(&loaded, m_loadNext, sizeof loaded);
+        m_loadNext += sizeof loaded;
+        value = loaded;
         return *this;
     }
 
