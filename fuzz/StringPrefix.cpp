@@ -84,7 +84,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 
     fuzz::FieldReader model(first, bytes.size());
     CMemFile file(reinterpret_cast<BYTE*>(bytes.data()), UINT(bytes.size()));
-    CArchive archive(&file, CArchive::load, bufferSize);
+    // Without a buffer from here the archive reads the bytes in place.
+    BYTE buffer[128 + 255];
+    CArchive archive(&file, CArchive::load, bufferSize, bufferSize % 2 ? buffer : nullptr);
     for (bool more = true; more;) {
         const Foretold foretold = Foretell(model, first, bytes.size());
         CString text("before");

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <typeinfo>
 
 namespace {
 
@@ -23,6 +24,8 @@ CArchive::CArchive(CFile* file, UINT mode, int bufferSize, void* buffer)
     m_buffer = static_cast<BYTE*>(m_ownsBuffer ? std::malloc(m_bufferSize) : buffer);
     if (!m_buffer)
         AfxThrowMemoryException();
+    // Not from a class that is derived from it, which may read in a way of its own.
+    m_readsInPlace = IsLoading() && m_ownsBuffer && typeid(*file) == typeid(CMemFile);
     ResetPointers();
 }
 
@@ -122,21 +125,37 @@ void CArchive::MakeRoom()
     WriteBuffer();
 }
 
-/// Reads ahead until the buffer holds `needed` bytes, at most its size. What is left in it moves to the front.
-void CArchive::Fill(size_t needed)
+/// Reads ahead once: what is left, and behind it what the file gives, up to the buffer's size together. False at the
+/// end of the file.
+bool CArchive::ReadAhead()
 {
-    RequireLoading();
     const size_t rest = size_t(m_loadEnd - m_loadNext);
+    if (m_readsInPlace) {
+        // The same bytes once more and those after them, and the file's position behind both, as if they were copied.
+        void* start = nullptr;
+        void* stop = nullptr;
+        m_file->Seek(-LONGLONG(rest), CFile::current);
+        const UINT count = m_file->GetBufferPtr(CFile::bufferRead, UINT(m_bufferSize), &start, &stop);
+        m_loadNext = static_cast<const BYTE*>(start);
+        m_loadEnd = static_cast<const BYTE*>(stop);
+        return count > rest;
+    }
     if (rest > 0)
         std::memmove(m_buffer, m_loadNext, rest);
     m_loadNext = m_buffer;
     m_loadEnd = m_buffer + rest;
+    const UINT count = m_file->Read(m_buffer + rest, UINT(m_bufferSize - rest));
+    m_loadEnd += count;
+    return count > 0;
+}
+
+/// Reads ahead until there are `needed` bytes, at most the size of the buffer.
+void CArchive::Fill(size_t needed)
+{
+    RequireLoading();
     while (size_t(m_loadEnd - m_loadNext) < needed) {
-        const size_t held = size_t(m_loadEnd - m_loadNext);
-        const UINT count = m_file->Read(m_buffer + held, UINT(m_bufferSize - held));
-        if (count == 0)
+        if (!ReadAhead())
             Throw(CArchiveException::endOfFile); // the bytes of the number that are there stay unread
-        m_loadEnd += count;
     }
 }
 
@@ -147,10 +166,8 @@ UINT CArchive::Read(void* bytes, UINT count)
     UINT missing = count;
     // Files may answer with less than they were asked for, so the loop ends only when there is nothing at all.
     while (missing > 0) {
-        if (m_loadNext == m_loadEnd && missing < m_bufferSize) {
-            ResetPointers();
-            m_loadEnd += m_file->Read(m_buffer, UINT(m_bufferSize));
-        }
+        if (m_loadNext == m_loadEnd && missing < m_bufferSize)
+            ReadAhead();
         UINT got = UINT(std::min<size_t>(size_t(m_loadEnd - m_loadNext), missing));
         if (got > 0) {
             std::memcpy(to, m_loadNext, got);

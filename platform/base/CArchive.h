@@ -13,7 +13,8 @@ static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "archives copy numbers 
 
 /// Stores to a file or loads from it; one or the other for its life. The file stays the caller's and has to outlive
 /// the archive. While the archive is open it holds bytes back (storing) or has read ahead (loading); Flush and Close
-/// bring the file's position to where the values end.
+/// bring the file's position to where the values end. Values of a CMemFile are loaded from where they lie in its block,
+/// unless the caller gave a buffer: until the archive is closed or flushed, the file keeps its bytes as they are.
 ///
 /// Storing into a loading archive raises CArchiveException* readOnly, loading from a storing one writeOnly, both on a
 /// closed one genericException; loading past the end raises endOfFile. Failures of the file below pass through.
@@ -119,6 +120,7 @@ private:
     [[noreturn]] void Throw(int cause) const;
     void WriteBuffer();
     void MakeRoom();
+    bool ReadAhead();
     void Fill(size_t needed);
     void ResetPointers();
 
@@ -134,6 +136,7 @@ private:
     size_t m_bufferSize;
     UINT m_mode;
     bool m_ownsBuffer = false;
+    bool m_readsInPlace = false; ///< m_loadNext and m_loadEnd lie in the block of a CMemFile
 };
 
 /// A text as AfxWriteStringLength announces it, narrow, then its bytes.

@@ -64,6 +64,20 @@ TEST(CArchive, NumbersLieLittleEndianWithoutPadding)
     EXPECT_EQ(bytes, expected);
 }
 
+/// Calls `load` with an archive that reads the bytes from where they lie, then with one that copies them to its
+/// buffer. Both read ahead 128 bytes at a time, the fewest.
+template <class Load>
+void LoadBothWays(const Bytes& bytes, const Load& load)
+{
+    BYTE room[128];
+    for (BYTE* buffer : {static_cast<BYTE*>(nullptr), room}) {
+        SCOPED_TRACE(buffer ? "through a buffer" : "in place");
+        CMemFile file(const_cast<BYTE*>(bytes.data()), UINT(bytes.size()));
+        CArchive ar(&file, CArchive::load, sizeof room, buffer);
+        load(ar);
+    }
+}
+
 template <class T>
 void RoundTripAcrossBoundaries(T value)
 {
@@ -76,17 +90,17 @@ void RoundTripAcrossBoundaries(T value)
         };
         const Bytes bytes = Stored(fill, 128);
         ASSERT_EQ(bytes.size(), size_t(lead) + sizeof value + 1);
-        CMemFile file(const_cast<BYTE*>(bytes.data()), UINT(bytes.size()));
-        CArchive ar(&file, CArchive::load, 128);
-        BYTE byte = 0;
-        for (int i = 0; i < lead; ++i) {
-            ar >> byte;
-            ASSERT_EQ(byte, BYTE(i));
-        }
-        T back{};
-        ar >> back >> byte;
-        EXPECT_EQ(std::memcmp(&back, &value, sizeof value), 0) << "behind " << lead << " bytes";
-        EXPECT_EQ(byte, 0xA5);
+        LoadBothWays(bytes, [&](CArchive& ar) {
+            BYTE byte = 0;
+            for (int i = 0; i < lead; ++i) {
+                ar >> byte;
+                ASSERT_EQ(byte, BYTE(i));
+            }
+            T back{};
+            ar >> back >> byte;
+            EXPECT_EQ(std::memcmp(&back, &value, sizeof value), 0) << "behind " << lead << " bytes";
+            EXPECT_EQ(byte, 0xA5);
+        });
     }
 }
 
@@ -120,18 +134,18 @@ TEST(CArchive, BlocksOfEverySizeKeepTheirOrder)
     const Bytes bytes = Stored(fill, 128);
     EXPECT_EQ(bytes, expected);
 
-    CMemFile file(const_cast<BYTE*>(bytes.data()), UINT(bytes.size()));
-    CArchive ar(&file, CArchive::load, 128);
-    for (int size : sizes) {
-        Bytes block(size_t(size), 0);
-        ar.EnsureRead(block.data(), UINT(size));
-        EXPECT_EQ(block, Bytes(size_t(size), BYTE(size * 7)));
-        int mark = 0;
-        ar >> mark;
-        EXPECT_EQ(mark, size);
-    }
-    BYTE rest;
-    EXPECT_EQ(ar.Read(&rest, 1), 0u);
+    LoadBothWays(bytes, [&](CArchive& ar) {
+        for (int size : sizes) {
+            Bytes block(size_t(size), 0);
+            ar.EnsureRead(block.data(), UINT(size));
+            EXPECT_EQ(block, Bytes(size_t(size), BYTE(size * 7)));
+            int mark = 0;
+            ar >> mark;
+            EXPECT_EQ(mark, size);
+        }
+        BYTE rest;
+        EXPECT_EQ(ar.Read(&rest, 1), 0u);
+    });
 }
 
 TEST(CArchive, LengthPrefixes)
