@@ -4,7 +4,7 @@
 
 namespace gdi {
 
-void CosmeticLine::CutToClip(const Box& clip, int64_t& first, int64_t& end) const
+CosmeticLine::StepRange CosmeticLine::CutToClip(const Box& clip) const
 {
     // Both ranges in the line's own frame: distances from its first point, end outside.
     const int64_t majorFrom = m_steep ? m_from.y : m_from.x;
@@ -23,16 +23,14 @@ void CosmeticLine::CutToClip(const Box& clip, int64_t& first, int64_t& end) cons
         minorLow = 1 - minorEnd;
         minorEnd = 1 - low;
     }
-    first = std::max(first, majorLow);
-    end = std::min(end, majorEnd);
-    if (minorEnd <= 0 || minorLow > m_minor || clip.left >= clip.right || clip.top >= clip.bottom) {
-        end = first;
-        return;
-    }
+    if (minorEnd <= 0 || minorLow > m_minor || clip.left >= clip.right || clip.top >= clip.bottom)
+        return {0, 0};
+    StepRange visible = {std::max<int64_t>(0, majorLow), std::min(m_major, majorEnd)};
     if (minorLow > 0)
-        first = std::max(first, FirstStepAtMinor(minorLow));
+        visible.first = std::max(visible.first, FirstStepAtMinor(minorLow));
     if (minorEnd <= m_minor)
-        end = std::min(end, FirstStepAtMinor(minorEnd));
+        visible.end = std::min(visible.end, FirstStepAtMinor(minorEnd));
+    return visible;
 }
 
 /// The first step that has moved by `minor` (1 to the line's own) on the shorter axis.
@@ -47,13 +45,13 @@ int64_t CosmeticLine::FirstStepAtMinor(int64_t minor) const
     return static_cast<int64_t>(FloorDiv(dividend + divisor - 1, Int128(divisor)));
 }
 
-void CosmeticLine::StartLong(int64_t step, int64_t& moved, LineRun& run) const
+CosmeticLine::Start CosmeticLine::StartLong(int64_t step) const
 {
     const Int128 dividend = Int128(2) * step * m_minor + m_major - Tie();
-    moved = static_cast<int64_t>(FloorDiv(dividend, Int128(2) * m_major));
+    const int64_t moved = static_cast<int64_t>(FloorDiv(dividend, Int128(2) * m_major));
     const int64_t rest = static_cast<int64_t>(dividend - Int128(moved) * 2 * m_major);
-    run.fraction = static_cast<uint64_t>((UInt128(2 * rest + 1) << 62) / UInt128(m_major));
-    run.slope = static_cast<uint64_t>((UInt128(m_minor) << 64) / UInt128(m_major));
+    return {moved, static_cast<uint64_t>((UInt128(2 * rest + 1) << 62) / UInt128(m_major)),
+            static_cast<uint64_t>((UInt128(m_minor) << 64) / UInt128(m_major))};
 }
 
 } // namespace gdi

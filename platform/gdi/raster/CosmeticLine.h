@@ -34,37 +34,38 @@ public:
     /// Number of pixels: the longer of the two distances.
     int64_t Steps() const { return m_major; }
 
-    /// The steps [first, end) that lie in the clip; none when first >= end. A line crosses a clip once, so there are no
-    /// gaps.
-    void Visible(const Box& clip, int64_t& first, int64_t& end) const
+    /// A range of steps, end outside; empty when first >= end.
+    struct StepRange
     {
-        first = 0;
-        end = m_major;
+        int64_t first;
+        int64_t end;
+    };
+
+    /// The steps that lie in the clip. A line crosses a clip once, so there are no gaps.
+    StepRange Visible(const Box& clip) const
+    {
         const bool inside = Holds(clip, m_from) && Holds(clip, m_to);
-        if (!inside)
-            CutToClip(clip, first, end);
+        return inside ? StepRange{0, m_major} : CosmeticLine(m_from, m_to).CutToClip(clip);
     }
 
-    /// Draws the steps [first, end), all of which are visible. They are the same pixels whatever the clip was.
+    /// Draws steps, all of which are visible. They are the same pixels whatever the clip was.
     template <class Writer>
-    void Draw(int64_t first, int64_t end, Writer&& writer) const
+    void Draw(StepRange steps, Writer&& writer) const
     {
-        if (first >= end)
+        if (steps.first >= steps.end)
             return;
+        const Start start =
+            m_major < kShort ? StartShort(steps.first) : CosmeticLine(m_from, m_to).StartLong(steps.first);
         LineRun run;
-        run.count = end - first;
+        run.count = steps.end - steps.first;
         run.steep = m_steep;
         run.majorStep = m_majorStep;
         run.minorStep = m_minorStep;
-        int64_t moved = 0;
-        if (m_major < kShort)
-            StartShort(first, moved, run);
-        else
-            StartLong(first, moved, run);
-        if (m_minor == m_major)
-            run.slope = ~uint64_t(0); // a whole pixel a step does not fit; one unit less overflows all the same
-        const int64_t major = first * m_majorStep;
-        const int64_t minor = moved * m_minorStep;
+        run.fraction = start.fraction;
+        // A whole pixel a step does not fit; one unit less overflows all the same.
+        run.slope = m_minor == m_major ? ~uint64_t(0) : start.slope;
+        const int64_t major = steps.first * m_majorStep;
+        const int64_t minor = start.moved * m_minorStep;
         run.x = static_cast<int32_t>(m_from.x + (m_steep ? minor : major));
         run.y = static_cast<int32_t>(m_from.y + (m_steep ? major : minor));
         if (m_minor > 0 || m_steep) {
@@ -83,17 +84,26 @@ private:
         return point.x >= clip.left && point.x < clip.right && point.y >= clip.top && point.y < clip.bottom;
     }
     int64_t Tie() const { return m_minorStep > 0; }
-    void CutToClip(const Box& clip, int64_t& first, int64_t& end) const;
     int64_t FirstStepAtMinor(int64_t minor) const;
 
-    // Both set how far the line has moved at a step, and the fraction there. Fractions are multiples of 1 / (2 major);
-    // `run.fraction` lies half way between two of them, so that it overflows exactly with them as long as the errors of
-    // all steps add up to less than that half.
+    // This and StartLong are called for a line made anew: one whose address goes nowhere stays in registers.
+    StepRange CutToClip(const Box& clip) const;
 
-    void StartShort(int64_t step, int64_t& moved, LineRun& run) const
+    /// How far the line has moved at a step, and the fraction there. Fractions are multiples of 1 / (2 major);
+    /// `fraction` lies half way between two of them, so that it overflows exactly with them as long as the errors of
+    /// all steps add up to less than that half.
+    struct Start
+    {
+        int64_t moved;
+        uint64_t fraction;
+        uint64_t slope;
+    };
+
+    Start StartShort(int64_t step) const
     {
         // In doubles: 2^20 steps with errors below 2^-52 stay below 2^-32, and the half is at least 2^-22.
         constexpr double kTwo63 = 9223372036854775808.0;
+        int64_t moved = 0;
         int64_t rest = m_major - Tie();
         if (step > 0) {
             const int64_t dividend = 2 * step * m_minor + m_major - Tie();
@@ -103,10 +113,10 @@ private:
         const double scale = kTwo63 / static_cast<double>(m_major);
         const double fraction = static_cast<double>(2 * rest + 1) * 0.25 * scale;
         const double slope = static_cast<double>(m_minor) * 0.5 * scale;
-        run.fraction = static_cast<uint64_t>(static_cast<int64_t>(fraction)) << 1;
-        run.slope = static_cast<uint64_t>(static_cast<int64_t>(slope)) << 2;
+        return {moved, static_cast<uint64_t>(static_cast<int64_t>(fraction)) << 1,
+                static_cast<uint64_t>(static_cast<int64_t>(slope)) << 2};
     }
-    void StartLong(int64_t step, int64_t& moved, LineRun& run) const;
+    Start StartLong(int64_t step) const;
 
     DevicePoint m_from;
     DevicePoint m_to;

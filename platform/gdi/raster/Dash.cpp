@@ -50,14 +50,12 @@ void DashedStroke::Draw(const DevicePath& path, std::vector<DevicePoint>& points
 void DashedStroke::DrawLine(DevicePoint from, DevicePoint to)
 {
     const CosmeticLine line(from, to);
-    int64_t first;
-    int64_t end;
-    line.Visible(m_clip, first, end);
+    const CosmeticLine::StepRange visible = line.Visible(m_clip);
     // Back to the run of the pattern in which the first visible pixel lies.
-    int64_t step = first - (m_position + first) % m_period;
+    int64_t step = visible.first - (m_position + visible.first) % m_period;
     const uint8_t* length = m_dash;
-    for (bool dash = true; step < end; dash = !dash) {
-        DrawSteps(line, std::max(step, first), std::min(step + *length, end), dash);
+    for (bool dash = true; step < visible.end; dash = !dash) {
+        DrawSteps(line, {std::max(step, visible.first), std::min(step + *length, visible.end)}, dash);
         step += *length++;
         if (!*length)
             length = m_dash;
@@ -65,16 +63,16 @@ void DashedStroke::DrawLine(DevicePoint from, DevicePoint to)
     m_position = (m_position + line.Steps()) % m_period;
 }
 
-void DashedStroke::DrawSteps(const CosmeticLine& line, int64_t first, int64_t end, bool dash)
+void DashedStroke::DrawSteps(const CosmeticLine& line, const CosmeticLine::StepRange& steps, bool dash)
 {
-    if (first >= end || (!dash && !m_paintsGaps))
+    if (steps.first >= steps.end || (!dash && !m_paintsGaps))
         return;
     PixelWriter* const target = dash ? m_dashes.Get() : m_gaps.Get();
     if (m_merges) {
         m_once.SetTarget(target);
-        line.Draw(first, end, m_once);
+        line.Draw(steps, m_once);
     } else {
-        line.Draw(first, end, *target);
+        line.Draw(steps, *target);
     }
 }
 

@@ -22,7 +22,7 @@ public:
 
 private:
     void DrawLine(DevicePoint from, DevicePoint to);
-    void DrawSteps(const CosmeticLine& line, int64_t first, int64_t end, bool dash);
+    void DrawSteps(const CosmeticLine& line, const CosmeticLine::StepRange& steps, bool dash);
 
     const uint8_t* m_dash;
     int64_t m_period = 0; ///< pixels until the pattern repeats, roles included

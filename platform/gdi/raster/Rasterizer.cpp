@@ -87,10 +87,7 @@ template <class Writer>
 void DrawCosmeticLine(DevicePoint from, DevicePoint to, const Box& clip, Writer&& writer)
 {
     const CosmeticLine line(from, to);
-    int64_t first;
-    int64_t end;
-    line.Visible(clip, first, end);
-    line.Draw(first, end, writer);
+    line.Draw(line.Visible(clip), writer);
 }
 
 } // namespace
@@ -165,10 +162,14 @@ void Rasterizer::StrokeWide(const DevicePath& path, int32_t width, const Ink& in
 
 void DrawThinLine(DevicePoint from, DevicePoint to, uint32_t pixel, RasterOp op, const Surface& surface)
 {
+    if (!surface.bits)
+        return;
     const Box clip = {0, 0, surface.width, surface.height};
-    const Ink ink = {pixel, op, nullptr, false, 0};
-    uint32_t value;
-    switch (SolidFormOf(ink, surface, value)) {
+    uint32_t value = pixel;
+    SolidForm form = op == RasterOp::Xor ? SolidForm::Toggle : SolidForm::Store;
+    if (op != RasterOp::Xor && op != RasterOp::Copy) // nearly all are one of them
+        form = SolidFormOf({pixel, op, nullptr, false, 0}, surface, value);
+    switch (form) {
     case SolidForm::None:
         break;
     case SolidForm::Store:
