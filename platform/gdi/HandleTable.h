@@ -27,7 +27,8 @@ struct Slot
 {
     uint64_t handle = 0;          ///< 0 while the slot is free
     uint32_t generation = 0;      ///< grows with every use of the slot
-    uint32_t nextFree = 0;        ///< 0 ends the list
+    uint32_t number = 0;          ///< in its pool, from 1
+    Slot* nextFree = nullptr;     ///< null ends the list
     uint32_t references = 0;      ///< device contexts that have the object selected
     bool condemned = false;       ///< deleted while selected: freed with the last reference
     bool stock = false;           ///< never freed, never counted
@@ -61,14 +62,14 @@ public:
     T* Find(const void* handle) const
     {
         T* const recent = Recent(HandleBits(handle));
-        return recent != nullptr ? recent : FindOther(HandleBits(handle));
+        return __builtin_expect(recent != nullptr, 1) ? recent : FindOther(HandleBits(handle));
     }
 
     /// The same when it is the object made last or the one that was searched for last; null otherwise. Drawing asks for
     /// the same device context and stock pen again and again, and for the pen that it has just made.
     T* Recent(uint64_t bits) const
     {
-        if (bits == m_foundBits) {
+        if (__builtin_expect(bits == m_foundBits, 1)) {
             return m_found;
         }
         return kind != Kind::Dc && bits == m_madeBits ? m_made : nullptr;
@@ -84,14 +85,14 @@ public:
     /// A slot with a new handle; null when there is no memory (ERROR_NOT_ENOUGH_MEMORY is set) or no slot left.
     T* Create()
     {
-        const uint32_t slot = m_firstFree != 0 ? m_firstFree : Extend();
-        if (slot == 0) {
+        T* const free = m_firstFree != nullptr ? m_firstFree : Extend();
+        if (free == nullptr) {
             return nullptr;
         }
-        T& object = At(slot);
-        m_firstFree = object.nextFree;
+        T& object = *free;
+        m_firstFree = static_cast<T*>(object.nextFree);
         ++object.generation;
-        object.handle = uint64_t(kind) << 56 | uint64_t(object.generation) << 24 | slot;
+        object.handle = uint64_t(kind) << 56 | uint64_t(object.generation) << 24 | object.number;
         object.references = 0;
         object.condemned = object.stock = false;
         object.owner = nullptr;
@@ -104,7 +105,6 @@ public:
     /// Ends the handle; the object's own resources are the caller's business.
     void Free(T& object)
     {
-        const uint32_t slot = SlotOf(object.handle);
         if (m_madeBits == object.handle) {
             m_madeBits = kNobody;
             m_made = nullptr; // also for a caller who makes up that very number
@@ -115,7 +115,7 @@ public:
         }
         object.handle = 0;
         object.nextFree = m_firstFree;
-        m_firstFree = slot;
+        m_firstFree = &object;
         --m_live;
     }
 
@@ -157,22 +157,24 @@ private:
 
     T& At(uint32_t slot) const { return m_chunks[slot / kChunk][slot % kChunk]; }
 
-    /// Puts one more slot on the free list and returns it; 0 when there is none. Slot 0 is never given out.
-    uint32_t Extend()
+    /// A slot that was never used; null when there is none. Slot 0 is never given out.
+    __attribute__((noinline)) T* Extend()
     {
         if (m_used % kChunk == 0) {
             if (m_used / kChunk >= kChunks) {
-                return 0;
+                return nullptr;
             }
             T* const chunk = new (std::nothrow) T[kChunk];
             if (chunk == nullptr) {
                 SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-                return 0;
+                return nullptr;
             }
             m_chunks[m_used / kChunk] = chunk;
             m_used += m_used == 0;
         }
-        return m_used++;
+        T& object = At(m_used);
+        object.number = m_used++;
+        return &object;
     }
 
     T* m_chunks[kChunks] = {};
@@ -183,7 +185,7 @@ private:
     uint64_t m_madeBits = kNobody;
     mutable uint64_t m_foundBits = kNobody;
     uint32_t m_used = 0;
-    uint32_t m_firstFree = 0;
+    T* m_firstFree = nullptr;
     uint32_t m_live = 0;
 };
 

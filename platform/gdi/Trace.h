@@ -16,14 +16,14 @@ void TraceSelection(DeviceContext& dc, HGDIOBJ object);
 /// asked for. Nothing for a null device context, and one test when nobody watches.
 inline void Trace(DeviceContext* dc, const char* line)
 {
-    if (dc != nullptr && dc->trace != nullptr) {
+    if (dc != nullptr && __builtin_expect(dc->trace != nullptr, 0)) {
         AppendTrace(*dc, "%s", line);
     }
 }
 template <class... Values>
 inline void Trace(DeviceContext* dc, const char* format, Values... values)
 {
-    if (dc != nullptr && dc->trace != nullptr) {
+    if (dc != nullptr && __builtin_expect(dc->trace != nullptr, 0)) {
         AppendTrace(*dc, format, values...);
     }
 }

@@ -80,7 +80,9 @@ template <class Object>
 void EndOwned(Object* object, const CGdiObject& wrapper)
 {
     if (object != nullptr) {
-        object->owner = object->owner == &wrapper ? nullptr : object->owner;
+        if (object->owner == &wrapper) {
+            object->owner = nullptr;
+        }
         Condemn(object);
     }
 }
