@@ -38,6 +38,16 @@ HGDIOBJ SelectBitmap(DeviceContext& dc, Bitmap& bitmap)
     return former;
 }
 
+/// Selects anything but pens and brushes; null when refused.
+__attribute__((noinline)) HGDIOBJ SelectOther(DeviceContext& dc, HGDIOBJ object)
+{
+    if (Font* const font = tables.fonts.Find(object)) {
+        return Exchange(dc.font, font);
+    }
+    Bitmap* const bitmap = tables.bitmaps.Find(object);
+    return bitmap != nullptr ? SelectBitmap(dc, *bitmap) : nullptr;
+}
+
 /// The state of a new device context. Paths keep their memory from the slot's former life: making a device context for
 /// each text or stroke stays free of allocations.
 void ResetState(DeviceContext& dc)
@@ -176,10 +186,8 @@ HGDIOBJ SelectObject(HDC handle, HGDIOBJ object)
         former = Exchange(dc->pen, pen);
     } else if (Brush* const brush = tables.brushes.Find(object)) {
         former = Exchange(dc->brush, brush);
-    } else if (Font* const font = tables.fonts.Find(object)) {
-        former = Exchange(dc->font, font);
-    } else if (Bitmap* const bitmap = tables.bitmaps.Find(object)) {
-        former = SelectBitmap(*dc, *bitmap);
+    } else {
+        former = SelectOther(*dc, object);
     }
     // Only now it is known to have worked; what was refused has no properties to tell.
     if (dc->trace != nullptr && former != nullptr) {

@@ -84,8 +84,16 @@ inline DeviceContext* FindDc(HDC dc)
 Rasterizer& SharedRasterizer();
 
 /// Draw one path with the selected pen or brush under the raster operation.
-void Stroke(DeviceContext& dc, const DevicePath& path);
-void StrokeSegment(DeviceContext& dc, DevicePoint from, DevicePoint to); ///< the same for a path of one line
+void StrokeSegment(DeviceContext& dc, DevicePoint from, DevicePoint to); ///< a path of one line
+void StrokeFigures(DeviceContext& dc, const DevicePath& path);           ///< any other
+inline void Stroke(DeviceContext& dc, const DevicePath& path)
+{
+    if (path.IsSegment()) {
+        StrokeSegment(dc, path.From(), path.To());
+    } else {
+        StrokeFigures(dc, path);
+    }
+}
 void FillInside(DeviceContext& dc, const DevicePath& path);
 /// The ink of the selected brush; false when it draws nothing.
 bool BrushInk(const DeviceContext& dc, Ink& ink);

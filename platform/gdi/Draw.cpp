@@ -63,6 +63,13 @@ Ink SolidInk(const DeviceContext& dc, COLORREF color)
             ToPixel(surface, dc.bkColor, dc.bkColor)};
 }
 
+/// Kept apart from StrokeSegment, so that lines outside of the surface save no registers for it.
+__attribute__((noinline)) void StrokeVisibleSegment(DeviceContext& dc, DevicePoint from, DevicePoint to, int32_t width)
+{
+    const Ink ink = SolidInk(dc, dc.pen->color);
+    SharedRasterizer().StrokeSegment(from, to, width, DashOf(*dc.pen), ink, *dc.surface, dc.Clip());
+}
+
 } // namespace
 
 bool IsHollow(const Pen& pen)
@@ -92,15 +99,11 @@ void StrokeSegment(DeviceContext& dc, DevicePoint from, DevicePoint to)
         DrawThinLine(from, to, SwapRedBlue(dc.pen->color), RasterOp(dc.rop), surface);
         return;
     }
-    SharedRasterizer().StrokeSegment(from, to, width, DashOf(*dc.pen), SolidInk(dc, dc.pen->color), surface, dc.Clip());
+    StrokeVisibleSegment(dc, from, to, width);
 }
 
-void Stroke(DeviceContext& dc, const DevicePath& path)
+void StrokeFigures(DeviceContext& dc, const DevicePath& path)
 {
-    if (path.IsSegment()) {
-        StrokeSegment(dc, path.From(), path.To());
-        return;
-    }
     if (IsHollow(*dc.pen)) {
         return;
     }

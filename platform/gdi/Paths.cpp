@@ -32,6 +32,17 @@ void OpenFigure(DeviceContext& dc)
     }
 }
 
+/// A line that does not begin a figure of a path. Kept apart from those that do, which are most: they would have to
+/// save the registers that this takes.
+__attribute__((noinline)) void ContinueLine(DeviceContext& dc, DevicePoint to)
+{
+    if (dc.pathState == PathState::Open) {
+        dc.path.LineTo(to);
+    } else {
+        StrokeSegment(dc, DevicePosition(dc), to); // outside of a path each line is a stroke of its own
+    }
+}
+
 /// The finished path, taken for drawing; null when there is none.
 DeviceContext* TakePath(HDC handle, const char* call)
 {
@@ -233,10 +244,8 @@ BOOL LineTo(HDC handle, int x, int y)
     Trace(dc, "LineTo %d %d", x, y);
     return WithMemory([=] {
         const DevicePoint to = dc->world.ToDevice(x, y);
-        if (dc->pathState != PathState::Open) {
-            StrokeSegment(*dc, DevicePosition(*dc), to); // outside of a path each line is a stroke of its own
-        } else if (dc->figureOpen) {
-            dc->path.LineTo(to);
+        if (dc->pathState != PathState::Open || dc->figureOpen) {
+            ContinueLine(*dc, to);
         } else {
             dc->path.Segment(DevicePosition(*dc), to);
             dc->figureOpen = true;

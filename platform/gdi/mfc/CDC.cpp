@@ -181,13 +181,6 @@ CPoint CDC::GetCurrentPosition() const
     return position;
 }
 
-CPoint CDC::MoveTo(int x, int y)
-{
-    CPoint former;
-    ::MoveToEx(m_hDC, x, y, &former);
-    return former;
-}
-
 void CDC::FillSolidRect(int x, int y, int width, int height, COLORREF color)
 {
     const RECT box = {x, y, FarEdge(x, width), FarEdge(y, height)};

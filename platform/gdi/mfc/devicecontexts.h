@@ -59,7 +59,12 @@ public:
     BOOL GetWorldTransform(XFORM& transform) const { return ::GetWorldTransform(m_hDC, &transform); }
 
     CPoint GetCurrentPosition() const;
-    CPoint MoveTo(int x, int y);
+    CPoint MoveTo(int x, int y)
+    {
+        CPoint former;
+        ::MoveToEx(m_hDC, x, y, &former);
+        return former;
+    }
     CPoint MoveTo(POINT point) { return MoveTo(point.x, point.y); }
     BOOL LineTo(int x, int y) { return ::LineTo(m_hDC, x, y); }
     BOOL LineTo(POINT point) { return LineTo(point.x, point.y); }

@@ -28,6 +28,12 @@ void DevicePath::AddSegment() const
     m_points.push_back(m_to);
 }
 
+void DevicePath::AddFurtherSegment(DevicePoint from, DevicePoint to)
+{
+    MoveTo(from);
+    LineTo(to);
+}
+
 Box DevicePath::Bounds() const
 {
     constexpr int32_t kLow = std::numeric_limits<int32_t>::min();

@@ -58,8 +58,7 @@ public:
             m_to = to;
             return;
         }
-        MoveTo(from);
-        LineTo(to);
+        AddFurtherSegment(from, to);
     }
     void ArcTo(const EllipseArc& arc)
     {
@@ -123,6 +122,7 @@ private:
             AddSegment();
     }
     void AddSegment() const;
+    void AddFurtherSegment(DevicePoint from, DevicePoint to);
 
     // A path of one segment, which most are, stays out of the vectors until someone asks for them.
     mutable bool m_isSegment = false;
