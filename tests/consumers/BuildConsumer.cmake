@@ -6,7 +6,7 @@ set(here ${CMAKE_CURRENT_LIST_DIR})
 set(configure ${CMAKE_COMMAND} -B ${FOLDER} -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${CXX}
     -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER})
 macro(run)
-    execute_process(COMMAND ${ARGN} OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY)
 endmacro()
 
 if(KIND STREQUAL "find_package")
@@ -14,7 +14,7 @@ if(KIND STREQUAL "find_package")
 elseif(KIND STREQUAL "pkg_config")
     set(ENV{PKG_CONFIG_PATH} "${PREFIX}/${LIBDIR}/pkgconfig")
     execute_process(COMMAND ${MAKE} -C ${FOLDER} -f ${here}/pkg_config/Makefile CXX=${CXX}
-        OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+        COMMAND_ERROR_IS_FATAL ANY)
 elseif(KIND STREQUAL "add_subdirectory")
     # Without optimisation, which is quicker; what is asked is whether it builds.
     run(${configure} -S ${here}/add_subdirectory -DKOLM_SOURCE=${SOURCE} -DCMAKE_BUILD_TYPE=Debug)
